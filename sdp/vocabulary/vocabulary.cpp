@@ -1,0 +1,109 @@
+// One table for each enumeration, two walks over any of them, and the lookups.
+#include <sdp/vocabulary.h>
+
+#include <cstring>
+
+namespace ym::SDP {
+
+namespace {
+
+// The first row of a table is the value 0 with no text of its own, the last one its end.
+struct Row {
+    int value;
+    const char* text;
+};
+
+constexpr Row fields[] = {
+    {FieldNone, ""},         {FieldVersion, "v"},   {FieldOrigin, "o"},   {FieldSessionName, "s"},
+    {FieldInformation, "i"}, {FieldUri, "u"},       {FieldEmail, "e"},    {FieldPhone, "p"},
+    {FieldConnection, "c"},  {FieldBandwidth, "b"}, {FieldTimezone, "z"}, {FieldEncryption, "k"},
+    {FieldAttribute, "a"},   {FieldTime, "t"},      {FieldRepeat, "r"},   {FieldMedia, "m"},
+    {-1, nullptr},
+};
+
+constexpr Row networkTypes[] = {
+    {NetworkTypeNone, ""},
+    {NetworkTypeIN, "IN"},
+    {-1, nullptr},
+};
+
+constexpr Row addressTypes[] = {
+    {AddressTypeNone, ""},
+    {AddressTypeIP4, "IP4"},
+    {AddressTypeIP6, "IP6"},
+    {-1, nullptr},
+};
+
+constexpr Row encryptionMethods[] = {
+    {EncryptionMethodNone, ""},   {EncryptionMethodClear, "clear"},   {EncryptionMethodBase64, "base64"},
+    {EncryptionMethodUri, "uri"}, {EncryptionMethodPrompt, "prompt"}, {-1, nullptr},
+};
+
+const char* textOf(const Row* row, int value)
+{
+    while (row->text && row->value != value)
+        ++row;
+    return row->text ? row->text : "";
+}
+
+template <class Enumeration> Enumeration valueOf(const Row* row, const char* text)
+{
+    while (row->text && std::strcmp(row->text, text) != 0)
+        ++row;
+    return static_cast<Enumeration>(row->text ? row->value : 0);
+}
+
+} // namespace
+
+const char* fieldStr(Field field)
+{
+    return textOf(fields, field);
+}
+
+char fieldChar(Field field)
+{
+    return *fieldStr(field);
+}
+
+Field fieldId(char type)
+{
+    const char text[] = {type, '\0'};
+    return fieldId(text);
+}
+
+Field fieldId(const char* text)
+{
+    return valueOf<Field>(fields, text);
+}
+
+const char* networkTypeStr(NetworkType type)
+{
+    return textOf(networkTypes, type);
+}
+
+NetworkType networkTypeId(const char* text)
+{
+    return valueOf<NetworkType>(networkTypes, text);
+}
+
+const char* addressTypeStr(AddressType type)
+{
+    return textOf(addressTypes, type);
+}
+
+AddressType addressTypeId(const char* text)
+{
+    return valueOf<AddressType>(addressTypes, text);
+}
+
+const char* encryptionMethodStr(EncryptionMethod method)
+{
+    return textOf(encryptionMethods, method);
+}
+
+EncryptionMethod encryptionMethodId(const char* text)
+{
+    return valueOf<EncryptionMethod>(encryptionMethods, text);
+}
+
+} // namespace ym::SDP

@@ -1,0 +1,63 @@
+// Finds a pattern in a subject.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "support/pregex/Pattern.h"
+
+namespace ym::pregex {
+
+// A part of a subject.
+struct Span {
+    unsigned int start;
+    unsigned int end;
+};
+
+// The groups of a match; number 0 is the whole match.
+using Groups = SmallArray<Span, 16>;
+
+// All searches for one pattern in one subject.
+//
+// A search walks the steps of the pattern forward, each repetition as long as it can be, and on a failure goes back to
+// the last repetition that can give a byte back. That is the fastest way for nearly every line, but some lines make
+// it walk the same ground over and over. So the work of all searches is counted, and when it has grown beyond a
+// few passes over the subject, a table answers instead: for each step and position, whether the rest of the
+// pattern matches from there. It is filled in one pass for each step, and gives the same match.
+class Matcher {
+public:
+    Matcher(const Pattern& pattern, std::string_view subject);
+
+    // The first match that begins at or behind `from`.
+    bool search(unsigned int from, Groups* groups);
+
+private:
+    // How far a repetition reaches in the walk at hand, and how far it can be cut back.
+    struct Reach {
+        unsigned int least;
+        unsigned int most;
+    };
+
+    bool searchByWalk(unsigned int from);
+    bool walk(unsigned int start);
+    bool giveBack(unsigned int* step, unsigned int* at);
+    bool searchByTable(unsigned int from);
+    void fillTable();
+    void fillRow(unsigned int step);
+    void followTable(unsigned int start);
+    bool takes(const Step& step, unsigned int at) const;
+    unsigned int runEnd(const Step& step, unsigned int at) const;
+    void mark(const Step& step, unsigned int at);
+    void markWhole(unsigned int start, unsigned int end);
+
+    const Pattern& pattern_;
+    const char* subject_;
+    unsigned int length_;
+    Groups* groups_ = nullptr;
+    SmallArray<Reach, 32> reach_;
+    std::size_t work_ = 0;
+    std::size_t allowedWork_;
+    std::vector<std::vector<bool>> table_; // [step][position]: do this step and all behind it match from there?
+};
+
+} // namespace ym::pregex

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <type_traits>
+
+namespace ym::pregex {
+
+// A growing array whose first N elements live inside it, so that the usual case never asks the heap.
+// Elements are plain values, and have no defined value until they are written.
+template <class T, unsigned int N> class SmallArray {
+    static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_default_constructible_v<T>);
+
+public:
+    SmallArray() = default;
+    SmallArray(const SmallArray&) = delete;
+    SmallArray& operator=(const SmallArray&) = delete;
+
+    unsigned int size() const { return size_; }
+    const T* data() const { return more_ ? more_.get() : first_; }
+    T& operator[](unsigned int i) { return more_ ? more_[i] : first_[i]; }
+    const T& operator[](unsigned int i) const { return data()[i]; }
+    T& back() { return (*this)[size_ - 1]; }
+
+    void clear() { size_ = 0; }
+
+    void push(const T& element)
+    {
+        if (size_ == capacity_)
+            grow(capacity_ * 2);
+        (*this)[size_++] = element;
+    }
+
+    void resize(unsigned int size)
+    {
+        if (size > capacity_)
+            grow(size);
+        size_ = size;
+    }
+
+    void assign(const T* elements, unsigned int n)
+    {
+        size_ = 0; // nothing of the old content is worth a copy
+        resize(n);
+        std::copy_n(elements, n, &(*this)[0]);
+    }
+
+private:
+    void grow(unsigned int capacity)
+    {
+        std::unique_ptr<T[]> more(new T[capacity]);
+        std::copy_n(data(), size_, more.get());
+        more_ = std::move(more);
+        capacity_ = capacity;
+    }
+
+    unsigned int size_ = 0;
+    unsigned int capacity_ = N;
+    std::unique_ptr<T[]> more_;
+    T first_[N];
+};
+
+} // namespace ym::pregex

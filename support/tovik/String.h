@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+
+#include <tovik/export.h>
+
+namespace ym {
+
+// A text with value semantics: a run of bytes with a NUL byte behind the last one.
+//
+// Bytes may have any value, NUL included; an operation that takes a `const char*` ends its argument at the first
+// NUL, and reads a null pointer as the empty text. An argument may point into the string that it is handed to.
+// Positions count from 0, and positions beyond the end mean the end. A text holds at most 4294967294 bytes; what
+// would make it longer throws std::length_error and changes nothing.
+class YM_EXPORT String {
+public:
+    // The position that stands for "none" as a result of find, and for "the end" as an argument of substring.
+    static constexpr unsigned int npos = 0xFFFFFFFF;
+
+    String();
+    String(const char* text);
+    String(const String& other);
+    String(String&& other) noexcept; // leaves `other` empty
+    ~String();
+
+    String& operator=(const char* text);
+    String& operator=(const String& other);
+    String& operator=(String&& other) noexcept; // leaves `other` empty
+
+    // The characters with a NUL behind them, never null. Valid until the string is next changed.
+    const char* chars() const { return text_.c_str(); }
+
+    // The number of bytes, without the NUL behind them.
+    unsigned int length() const { return static_cast<unsigned int>(text_.size()); }
+
+    // Adds a text at the end.
+    String& append(const char* text);
+
+    // Adds `n` bytes at the end, NUL bytes among them too.
+    String& append(const void* data, unsigned int n);
+
+    // Replaces the content by a text.
+    String& assign(const char* text);
+
+    // Replaces the content by `n` bytes. If the last of them is a NUL, it is not counted: it is taken for the
+    // one that stands behind every string.
+    String& assign(const void* data, unsigned int n);
+
+    // The position of the first `c` at or behind `start`, or npos.
+    unsigned int find(char c, unsigned int start) const;
+
+    // The bytes from `start` up to but not including `end`; empty if `end` is not behind `start`.
+    String substring(unsigned int start, unsigned int end) const;
+
+    // Compares the `n` bytes from `pos` on with the whole of `other`: 0 if equal, below 0 if they sort before it,
+    // above 0 if behind it. Where fewer than `n` bytes are left, those are compared.
+    int compare(const String& other, unsigned int pos, unsigned int n) const;
+
+    // Replaces the content by `n` in decimal digits, without sign or leading zeros.
+    String& setNum(unsigned long n);
+    String& setNum(unsigned short n);
+
+    // The value of the text as a number in `base` (2 to 36).
+    //
+    // The whole text must be digits of that base; white space around them is ignored, a sign is not taken.
+    // Anything else, the empty text included, gives 0; a number too large for the width gives the largest value
+    // of that width. If `ok` is not null, `*ok` becomes true for a number that fits and false otherwise.
+    unsigned short toUInt16(bool* ok, int base) const;
+    unsigned long toUInt32(bool* ok, int base) const; // 32 bits wide on every host
+
+private:
+    std::string text_;
+};
+
+} // namespace ym
