@@ -1,0 +1,270 @@
+#include "sdp/line/SDPDesc_impl.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "sdp/line/text.h"
+
+namespace ym::SDP {
+
+using Impl = SDPDesc::SDPDesc_impl;
+
+const char Impl::order_session[16] = "vosiuepcbzktram";
+const char Impl::order_time[3] = "tr";
+const char Impl::order_media[7] = "micbka";
+int Impl::revorder_session[128];
+int Impl::revorder_time[128];
+int Impl::revorder_media[128];
+bool Impl::init = false;
+
+namespace {
+
+void fillRanks(const char* order, int* ranks, std::size_t size)
+{
+    std::fill_n(ranks, size, -1);
+    for (std::size_t i = 0; i < std::strlen(order); ++i)
+        ranks[static_cast<unsigned char>(order[i])] = static_cast<int>(i);
+}
+
+} // namespace
+
+Impl::SDPDesc_impl()
+{
+    if (init)
+        return;
+    fillRanks(order_session, revorder_session, std::size(revorder_session));
+    fillRanks(order_time, revorder_time, std::size(revorder_time));
+    fillRanks(order_media, revorder_media, std::size(revorder_media));
+    init = true;
+}
+
+int Impl::rank(const int* order, char type)
+{
+    const auto index = static_cast<unsigned char>(type);
+    return index < std::size(revorder_session) ? order[index] : -1;
+}
+
+// Walks
+
+Impl::Position Impl::skip_until_attribute(Position position, int n, char type)
+{
+    int counted = 0;
+    for (; position != lines.end(); ++position) {
+        if (typeOf(*position) == type) {
+            if (n < ++counted)
+                return position;
+        } else if (typeOf(*position) == 'm') {
+            return lines.end();
+        }
+    }
+    return position;
+}
+
+Impl::Position Impl::skip_until_mediadesc(Position position, int n)
+{
+    return skip_until_attribute(position, n, 'm');
+}
+
+const std::deque<Impl::Position>& Impl::sections()
+{
+    if (!sectionsKnown_) {
+        sections_.clear();
+        for (auto at = skip_until_mediadesc(lines.begin(), 0); at != lines.end(); at = skip_until_mediadesc(++at, 0))
+            sections_.push_back(at);
+        sectionsKnown_ = true;
+    }
+    return sections_;
+}
+
+int Impl::nSections()
+{
+    return static_cast<int>(sections().size());
+}
+
+Impl::Position Impl::section(int number)
+{
+    const auto index = static_cast<std::size_t>(std::max(number, 0));
+    return index < sections().size() ? sections()[index] : lines.end();
+}
+
+Impl::Position Impl::levelEnd(int section)
+{
+    return section < nSections() ? this->section(section + 1) : lines.end();
+}
+
+Impl::Position Impl::find(int section, char type)
+{
+    const Position head = section == session ? lines.begin() : this->section(section);
+    if (section == session || type == 'm' || head == lines.end())
+        return skip_until_attribute(head, 0, type);
+    return skip_until_attribute(std::next(head), 0, type);
+}
+
+Impl::Position Impl::findBehind(int section, char type)
+{
+    const int last = notes_[type].lastSection;
+    Position at = last >= session && last < section ? lines.end() : this->section(section);
+    while (at != lines.end() && typeOf(*at) != type)
+        ++at;
+    if (at == lines.end())
+        lastSection(type); // so that a loop over all sections learns once that there is nothing to find
+    return at;
+}
+
+int Impl::lastSection(char type)
+{
+    int& last = notes_[type].lastSection;
+    if (last >= session)
+        return last;
+    int section = session;
+    int found = session;
+    for (const String& line : lines) {
+        if (typeOf(line) == 'm')
+            ++section;
+        if (typeOf(line) == type)
+            found = section;
+    }
+    return last = found;
+}
+
+// Runs
+
+Impl::Run& Impl::run(int section, char type)
+{
+    Run& run = section == session ? sessionRun_ : notes_[type].run;
+    if (run.section != section) {
+        run = Run();
+        run.section = section;
+    }
+    return run;
+}
+
+Impl::Position Impl::firstNumbered(int section, char type)
+{
+    if (section == session)
+        return skip_until_attribute(lines.begin(), 0, type);
+    const Position head = this->section(section);
+    return head == lines.end() ? head : skip_until_attribute(std::next(head), 0, type);
+}
+
+Impl::Position Impl::numbered(int section, int n, char type)
+{
+    if (n < 0)
+        return lines.end();
+    Run& run = this->run(section, type);
+    if (run.n < 0 || n < run.n) {
+        run.line = firstNumbered(section, type);
+        run.n = 0;
+    }
+    if (run.line == lines.end())
+        return lines.end();
+    for (; run.n < n; ++run.n) {
+        const Position next = std::next(run.line);
+        if (next == lines.end() || typeOf(*next) != type)
+            return lines.end();
+        run.line = next;
+    }
+    return run.line;
+}
+
+int Impl::count(int section, char type)
+{
+    Run& run = this->run(section, type);
+    if (run.count >= 0)
+        return run.count;
+    const Position head = section == session ? lines.begin() : this->section(section);
+    if (head == lines.end())
+        return run.count = 0;
+    const auto isOfType = [type](const String& line) { return typeOf(line) == type; };
+    const Position first = section == session ? head : std::next(head);
+    return run.count = static_cast<int>(std::count_if(first, levelEnd(section), isOfType));
+}
+
+int Impl::countNamed(int section, const String& name, char type)
+{
+    int n = 0;
+    String found;
+    for (Position at = numbered(section, 0, type); at != lines.end() && typeOf(*at) == type; ++at) {
+        if (!hasValue(*at))
+            continue;
+        cut(*at, &found, nullptr);
+        n += std::strcmp(found.chars(), name.chars()) == 0;
+    }
+    return n;
+}
+
+void Impl::setNumbered(int section, int n, const String& line, char type)
+{
+    // A look-up of a number that is not there stops at the last line of the run.
+    const Position at = numbered(section, n < 0 ? std::numeric_limits<int>::max() : n, type);
+    if (at != lines.end()) {
+        *at = line;
+        return;
+    }
+    const Run before = run(section, type);
+    const bool empty = before.line == lines.end();
+    Run after;
+    after.section = section;
+    after.n = empty ? 0 : before.n + 1;
+    after.line = insert(empty ? levelEnd(section) : std::next(before.line), line);
+    if (type != 'm')
+        run(section, type) = after;
+}
+
+// Changes
+
+void Impl::place(Position first, Position last, const int* order, const String& line)
+{
+    const int newRank = rank(order, typeOf(line));
+    while (first != last && rank(order, typeOf(*first)) < newRank)
+        ++first;
+    if (first != last && rank(order, typeOf(*first)) == newRank) {
+        *first = line;
+        forgetLines(); // lines of different types may rank equal
+        return;
+    }
+    insert(first, line);
+}
+
+Impl::Position Impl::insert(Position before, const String& line)
+{
+    const Position added = lines.insert(before, line);
+    forgetLines();
+    if (typeOf(line) != 'm')
+        return added;
+    if (sectionsKnown_ && before == lines.end())
+        sections_.push_back(added);
+    else
+        sectionsKnown_ = false;
+    return added;
+}
+
+void Impl::erase(Position line)
+{
+    sectionsKnown_ = sectionsKnown_ && typeOf(*line) != 'm';
+    lines.erase(line);
+    forgetLines();
+}
+
+void Impl::eraseSection(int number)
+{
+    lines.erase(section(number), levelEnd(number));
+    sections_.erase(sections_.begin() + number);
+    forgetLines();
+}
+
+void Impl::clear()
+{
+    lines.clear();
+    sectionsKnown_ = false;
+    forgetLines();
+}
+
+void Impl::forgetLines()
+{
+    sessionRun_ = Run();
+    notes_.clear();
+}
+
+} // namespace ym::SDP
