@@ -1,0 +1,431 @@
+// Fields, then payload formats and the way they are found, then the operations in the order of the lines that they
+// serve.
+#include <sdp/SDPMedia.h>
+
+#include <cstdint>
+#include <cstring>
+#include <unordered_map>
+#include <utility>
+
+#include <tovik/NamedList.h>
+#include <tovik/warning.h>
+
+#include "sdp/line/text.h"
+#include "sdp/media/OwnedList.h"
+#include "sdp/media/attributes.h"
+#include "sdp/media/direction.h"
+#include "sdp/media/fields.h"
+
+namespace ym::SDP {
+
+namespace {
+
+constexpr int nSlots = 2;
+
+struct Fields {
+    Direction direction = Direction::sendrecv;
+    String media = "unknown";
+    std::uint16_t port = 0;
+    String transport = "RTP/AVP";
+    String sessionDesc;
+    Connection connection;
+    Bandwidth bandwidth[nSlots];
+    int nBandwidth = 0;
+    Encryption encryption;
+    NamedList attrs = NamedList(": ");
+};
+
+using Payloads = OwnedList<SDPMediaPayload>;
+
+} // namespace
+
+struct SDPMedia::SDPMedia_impl : Fields {
+    Payloads payloads;
+
+    Payloads::iterator find(unsigned short number);
+    void add(std::unique_ptr<SDPMediaPayload> payload);
+    std::unique_ptr<SDPMediaPayload> giveBack(const SDPMediaPayload* payload);
+    void copyPayloads(const SDPMedia_impl& other);
+    bool holds(const SDPMediaPayload* payload) const { return payload->isWatchedBy(&renumbered_); }
+    void clear() { *this = SDPMedia_impl(); }
+
+private:
+    // The first payload of each number, for lists that are too long to be walked for every line that names a number.
+    std::unordered_map<unsigned short, Payloads::iterator> numbers_;
+    bool renumbered_ = false; // set by the payloads themselves: numbers_ may be wrong
+};
+
+Payloads::iterator SDPMedia::SDPMedia_impl::find(unsigned short number)
+{
+    constexpr unsigned int shortList = 64;
+    if (payloads.size() <= shortList) {
+        auto entry = payloads.begin();
+        while (entry != payloads.end() && (*entry)->payloadNo() != number)
+            ++entry;
+        return entry;
+    }
+    if (numbers_.empty() || renumbered_) {
+        numbers_.clear();
+        for (auto entry = payloads.begin(); entry != payloads.end(); ++entry)
+            numbers_.emplace((*entry)->payloadNo(), entry);
+        renumbered_ = false;
+    }
+    const auto found = numbers_.find(number);
+    return found == numbers_.end() ? payloads.end() : found->second;
+}
+
+void SDPMedia::SDPMedia_impl::add(std::unique_ptr<SDPMediaPayload> payload)
+{
+    const unsigned short number = payload->payloadNo();
+    const auto replaced = find(number);
+    const bool distinct = numbers_.size() == payloads.size();
+    const bool indexed = !numbers_.empty() && !renumbered_ && distinct;
+    renumbered_ = true; // until the index is right again
+    if (replaced != payloads.end())
+        payloads.take(replaced);
+    const auto added = payloads.add(std::move(payload));
+    (*added)->watchNumber(&renumbered_);
+    if (!indexed)
+        return;
+    numbers_.insert_or_assign(number, added);
+    renumbered_ = false;
+}
+
+std::unique_ptr<SDPMediaPayload> SDPMedia::SDPMedia_impl::giveBack(const SDPMediaPayload* payload)
+{
+    auto entry = payloads.begin();
+    while (entry->get() != payload)
+        ++entry;
+    renumbered_ = true;
+    return payloads.take(entry);
+}
+
+void SDPMedia::SDPMedia_impl::copyPayloads(const SDPMedia_impl& other)
+{
+    payloads.copy(other.payloads);
+    for (const auto& payload : payloads)
+        payload->watchNumber(&renumbered_);
+    renumbered_ = true;
+}
+
+SDPMedia::SDPMedia() : impl_(std::make_unique<SDPMedia_impl>()) { }
+SDPMedia::~SDPMedia() = default;
+
+SDPMedia& SDPMedia::operator=(const SDPMedia& other)
+{
+    if (this == &other)
+        return *this;
+    impl_->clear();
+    static_cast<Fields&>(*impl_) = *other.impl_;
+    impl_->copyPayloads(*other.impl_);
+    return *this;
+}
+
+void SDPMedia::clear()
+{
+    impl_->clear();
+}
+
+// m=: media type, port and transport protocol
+
+const String& SDPMedia::media() const
+{
+    return impl_->media;
+}
+
+void SDPMedia::setMediaType(const char* media)
+{
+    impl_->media = media;
+}
+
+bool SDPMedia::isVideo()
+{
+    return std::strcmp(impl_->media.chars(), "video") == 0;
+}
+
+bool SDPMedia::isAudio()
+{
+    return std::strcmp(impl_->media.chars(), "audio") == 0;
+}
+
+bool SDPMedia::isApplication()
+{
+    return std::strcmp(impl_->media.chars(), "application") == 0;
+}
+
+unsigned short SDPMedia::port()
+{
+    return impl_->port;
+}
+
+void SDPMedia::setPort(unsigned short port)
+{
+    impl_->port = port;
+}
+
+const String& SDPMedia::transport() const
+{
+    return impl_->transport;
+}
+
+void SDPMedia::setTransport(const char* transport)
+{
+    impl_->transport = transport;
+}
+
+// m=: payload formats
+
+unsigned int SDPMedia::nMediaPayload()
+{
+    return impl_->payloads.size();
+}
+
+SDPMediaPayload* SDPMedia::mediaPayload(unsigned int index)
+{
+    return impl_->payloads.at(index);
+}
+
+SDPMediaPayload* SDPMedia::mediaPayload(unsigned short number)
+{
+    const auto found = impl_->find(number);
+    return found == impl_->payloads.end() ? nullptr : found->get();
+}
+
+SDPMediaPayload* SDPMedia::mediaPayload(const String& mapping)
+{
+    String text;
+    for (const auto& payload : impl_->payloads) {
+        payload->payload(&text);
+        if (text.compare(mapping, 0, mapping.length()) == 0)
+            return payload.get();
+    }
+    return nullptr;
+}
+
+SDPMediaPayload* SDPMedia::mediaPayload(const char* mapping)
+{
+    return mapping ? mediaPayload(String(mapping)) : nullptr;
+}
+
+int SDPMedia::addMediaPayload(SDPMediaPayload* payload)
+{
+    if (!payload)
+        return -1;
+    impl_->add(impl_->holds(payload) ? impl_->giveBack(payload) : std::unique_ptr<SDPMediaPayload>(payload));
+    return 0;
+}
+
+// a=: attributes of the section itself
+
+unsigned int SDPMedia::nAttr()
+{
+    return impl_->attrs.lines();
+}
+
+int SDPMedia::attr(const String& name, String* value)
+{
+    return findAttr(impl_->attrs, name, value);
+}
+
+int SDPMedia::attr(unsigned int index, String* name, String* value)
+{
+    return attrAt(impl_->attrs, index, name, value);
+}
+
+int SDPMedia::addAttr(const String& name, const String& value)
+{
+    if (!isDirection(name, &impl_->direction))
+        putAttr(impl_->attrs, name, value);
+    return 0;
+}
+
+int SDPMedia::removeAttr(const String& name)
+{
+    if (!isDirection(name, nullptr))
+        return dropAttr(impl_->attrs, name);
+    setSendRecv();
+    return 0;
+}
+
+// i=
+
+bool SDPMedia::hasSessionDesc()
+{
+    return !isEmpty(impl_->sessionDesc);
+}
+
+const String& SDPMedia::sessionDesc() const
+{
+    return impl_->sessionDesc;
+}
+
+void SDPMedia::setSessionDesc(String& text)
+{
+    impl_->sessionDesc = text;
+}
+
+// c=
+
+bool SDPMedia::hasConnection()
+{
+    return impl_->connection.isSet();
+}
+
+void SDPMedia::connection(NetworkType* netType, AddressType* addrType, String* address)
+{
+    if (netType)
+        *netType = impl_->connection.netType;
+    if (addrType)
+        *addrType = impl_->connection.addrType;
+    if (address)
+        *address = impl_->connection.address;
+}
+
+int SDPMedia::setConnection(NetworkType netType, AddressType addrType, const String& address)
+{
+    if (!isKnown(netType) || !isKnown(addrType))
+        return -1;
+    impl_->connection = {netType, addrType, address};
+    return 0;
+}
+
+int SDPMedia::setConnection(const String& netType, const String& addrType, const String& address)
+{
+    const NetworkType net = networkTypeId(netType.chars());
+    const AddressType addr = addressTypeId(addrType.chars());
+    if (net != NetworkTypeNone && addr != AddressTypeNone)
+        impl_->connection = {net, addr, address};
+    return 0;
+}
+
+// b=
+
+bool SDPMedia::hasBandwidth()
+{
+    return impl_->nBandwidth != 0;
+}
+
+const String* SDPMedia::bandwidthModifire(int slot) const
+{
+    return slot >= 0 && slot < nSlots ? &impl_->bandwidth[slot].modifier : nullptr;
+}
+
+unsigned long SDPMedia::bandwidth(int slot)
+{
+    return slot >= 0 && slot < nSlots ? impl_->bandwidth[slot].value : 0;
+}
+
+void SDPMedia::setBandwidth(const String& modifier, unsigned long value)
+{
+    if (impl_->nBandwidth == nSlots) {
+        ym_warning_print("SDPMedia::setBandwidth no more set Bandwidth");
+        return;
+    }
+    impl_->bandwidth[impl_->nBandwidth] = {modifier, uint32(value)};
+    ++impl_->nBandwidth;
+}
+
+// k=
+
+bool SDPMedia::hasEncryption()
+{
+    return impl_->encryption.isSet();
+}
+
+EncryptionMethod SDPMedia::encryptionMethod()
+{
+    return impl_->encryption.method;
+}
+
+const String& SDPMedia::encryptionKey() const
+{
+    return impl_->encryption.key;
+}
+
+int SDPMedia::setEncryption(EncryptionMethod method, const String& key)
+{
+    return impl_->encryption.set(method, key) ? 0 : -1;
+}
+
+int SDPMedia::setEncryption(const String& method, const String& key)
+{
+    return impl_->encryption.set(method, key) ? 0 : -1;
+}
+
+// a=sendrecv and its like
+
+bool SDPMedia::sendrecv()
+{
+    return impl_->direction == Direction::sendrecv;
+}
+
+bool SDPMedia::sendonly()
+{
+    return impl_->direction == Direction::sendonly;
+}
+
+bool SDPMedia::recvonly()
+{
+    return impl_->direction == Direction::recvonly;
+}
+
+bool SDPMedia::inactive()
+{
+    return impl_->direction == Direction::inactive;
+}
+
+void SDPMedia::setSendRecv()
+{
+    impl_->direction = Direction::sendrecv;
+}
+
+void SDPMedia::setSendOnly()
+{
+    impl_->direction = Direction::sendonly;
+}
+
+void SDPMedia::setRecvOnly()
+{
+    impl_->direction = Direction::recvonly;
+}
+
+void SDPMedia::setInactive()
+{
+    impl_->direction = Direction::inactive;
+}
+
+// Text out
+
+int SDPMedia::generate(String* out)
+{
+    if (!out)
+        return SDP_INVALID_ARGUMENT;
+    out->assign("");
+    String formats;
+    for (const auto& payload : impl_->payloads) {
+        put(formats, " ");
+        put(formats, number(payload->payloadNo()));
+    }
+    putLine(*out, 'm', impl_->media, " ", number(impl_->port), " ", impl_->transport, formats);
+    putText(*out, 'i', impl_->sessionDesc);
+    putConnection(*out, impl_->connection);
+    for (const Bandwidth& bandwidth : impl_->bandwidth)
+        putBandwidth(*out, bandwidth);
+    putEncryption(*out, impl_->encryption);
+    String text;
+    for (const auto& payload : impl_->payloads)
+        if (payload->generate(&text) != 0)
+            put(*out, text);
+    putAttrLines(*out, impl_->attrs);
+    if (!sendrecv())
+        putLine(*out, 'a', directionWord(impl_->direction));
+    return 0;
+}
+
+void SDPMedia::dump()
+{
+    String text;
+    generate(&text);
+}
+
+} // namespace ym::SDP

@@ -1,0 +1,38 @@
+// The direction of a media stream, and the attributes that say it (RFC 8866, section 6.7).
+#pragma once
+
+#include <cstring>
+
+#include <tovik/String.h>
+
+namespace ym::SDP {
+
+enum class Direction : int {
+    sendrecv,
+    sendonly,
+    recvonly,
+    inactive
+};
+
+// In the order of the values.
+constexpr const char* directionWords[] = {"sendrecv", "sendonly", "recvonly", "inactive"};
+
+inline const char* directionWord(Direction direction)
+{
+    return directionWords[static_cast<int>(direction)];
+}
+
+// Whether an attribute says a direction. `*direction` is left alone if it does not, and may be null.
+inline bool isDirection(const String& attribute, Direction* direction)
+{
+    for (int i = 0; i < 4; ++i) {
+        if (std::strcmp(attribute.chars(), directionWords[i]) != 0)
+            continue;
+        if (direction)
+            *direction = static_cast<Direction>(i);
+        return true;
+    }
+    return false;
+}
+
+} // namespace ym::SDP

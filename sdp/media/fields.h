@@ -1,0 +1,107 @@
+// Values that a session and a media section hold alike.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+#include <sdp/vocabulary.h>
+#include <tovik/String.h>
+
+#include "sdp/line/text.h"
+
+namespace ym::SDP {
+
+// A number as the fields hold it. `unsigned long` is wider than 32 bits on some hosts only, and a description must
+// not depend on the host.
+inline std::uint32_t uint32(unsigned long n)
+{
+    constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
+    return n > most ? most : static_cast<std::uint32_t>(n);
+}
+
+// Whether an enumeration names the value. The comparison is unsigned, so that negative values are not known either.
+inline bool isKnown(NetworkType type)
+{
+    return static_cast<unsigned int>(type) <= NetworkTypeIN;
+}
+
+inline bool isKnown(AddressType type)
+{
+    return static_cast<unsigned int>(type) <= AddressTypeIP6;
+}
+
+inline bool isKnown(EncryptionMethod method)
+{
+    return static_cast<unsigned int>(method) <= EncryptionMethodPrompt;
+}
+
+// c=IN IP4 224.2.36.42
+struct Connection {
+    NetworkType netType = NetworkTypeNone;
+    AddressType addrType = AddressTypeNone;
+    String address;
+
+    bool isSet() const { return netType != NetworkTypeNone && addrType != AddressTypeNone && !isEmpty(address); }
+};
+
+// b=AS:128
+struct Bandwidth {
+    String modifier;
+    std::uint32_t value = 0;
+
+    bool isSet() const { return !isEmpty(modifier) && value != 0; }
+};
+
+// k=clear:key
+struct Encryption {
+    EncryptionMethod method = EncryptionMethodNone;
+    String key;
+
+    bool isSet() const { return method != EncryptionMethodNone; }
+
+    // False if the enumeration does not name the method; nothing is stored then.
+    bool set(EncryptionMethod newMethod, const String& newKey)
+    {
+        if (!isKnown(newMethod))
+            return false;
+        method = newMethod;
+        key = newKey;
+        return true;
+    }
+
+    bool set(const String& word, const String& newKey)
+    {
+        const EncryptionMethod newMethod = encryptionMethodId(word.chars());
+        return newMethod != EncryptionMethodNone && set(newMethod, newKey);
+    }
+};
+
+// Their lines, each written only if it is set. What stands behind the address of a session's connection is `suffix`.
+
+inline void putConnection(String& out, const Connection& connection, const String& suffix = String())
+{
+    if (connection.isSet())
+        putLine(out, 'c', networkTypeStr(connection.netType), " ", addressTypeStr(connection.addrType), " ",
+                connection.address, suffix);
+}
+
+inline void putBandwidth(String& out, const Bandwidth& bandwidth)
+{
+    if (bandwidth.isSet())
+        putLine(out, 'b', bandwidth.modifier, ":", number(bandwidth.value));
+}
+
+inline void putEncryption(String& out, const Encryption& encryption)
+{
+    if (encryption.isSet())
+        putLine(out, 'k', nameValue(encryptionMethodStr(encryption.method), ":", encryption.key));
+}
+
+// A line that is a single text.
+inline void putText(String& out, char type, const String& text)
+{
+    if (!isEmpty(text))
+        putLine(out, type, text);
+}
+
+} // namespace ym::SDP
