@@ -1,6 +1,7 @@
 #include <tovik/LineAdapter.h>
 
-#include <algorithm>
+#include <cstddef>
+#include <cstring>
 
 namespace ym {
 
@@ -9,6 +10,27 @@ namespace {
 bool endsLine(char c)
 {
     return c == '\n' || c == '\r';
+}
+
+const char* findByte(const char* begin, const char* end, char c)
+{
+    const void* found = std::memchr(begin, c, static_cast<std::size_t>(end - begin));
+    return found ? static_cast<const char*>(found) : end;
+}
+
+// The first line end, or `end`. It goes on in small strides: in a text that has only one kind of line ends, looking for
+// the other kind would read all that follows, for each line.
+const char* findLineEnd(const char* begin, const char* end)
+{
+    constexpr std::ptrdiff_t stride = 128;
+    while (begin != end) {
+        const char* const part = end - begin > stride ? begin + stride : end;
+        const char* const found = findByte(begin, findByte(begin, part, '\n'), '\r');
+        if (found != part)
+            return found;
+        begin = part;
+    }
+    return end;
 }
 
 } // namespace
@@ -48,8 +70,7 @@ int LineAdapter::readLine(String* line)
         return 1;
     }
     while (size > 0) {
-        const char* end = std::find_if(ahead, ahead + size, endsLine);
-        const auto n = static_cast<unsigned int>(end - ahead);
+        const auto n = static_cast<unsigned int>(findLineEnd(ahead, ahead + size) - ahead);
         line->append(ahead, n);
         stream_->skip(n);
         if (n < size)

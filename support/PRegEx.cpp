@@ -30,7 +30,9 @@ struct PRegEx::State {
     SmallArray<char, 160> subject; // a copy: the caller may change the original and ask for groups afterwards
     Groups parts;                  // the groups of the last match, or the pieces of the last split
 
-    State(std::string_view text, unsigned long flags) : pattern(text) { pattern.usable = pattern.usable && flags == 0; }
+    bool usable;
+
+    State(std::string_view text, unsigned long flags) : pattern(text), usable(pattern.isUsable() && flags == 0) { }
 
     bool remember(const String& text)
     {
@@ -72,7 +74,7 @@ bool PRegEx::match(const String& subject, int start)
     State& s = state();
     s.parts.clear();
     const unsigned int from = start < 0 ? 0 : static_cast<unsigned int>(start);
-    if (!s.pattern.usable || !Matcher(s.pattern, view(subject)).search(from, &s.parts)) {
+    if (!s.usable || !Matcher(s.pattern, view(subject)).search(from, &s.parts)) {
         s.parts.clear();
         return false;
     }
@@ -108,7 +110,7 @@ void PRegEx::State::splitSubject(unsigned int limit)
     Groups groups;
     unsigned int piece = 0;  // where the piece at hand begins
     unsigned int search = 0; // where the next separator is looked for
-    while (pattern.usable && parts.size() + 1 < limit && matcher.search(search, &groups)) {
+    while (usable && parts.size() + 1 < limit && matcher.search(search, &groups)) {
         const Span separator = groups[0];
         search = separator.end;
         if (separator.end == piece) {
@@ -119,10 +121,10 @@ void PRegEx::State::splitSubject(unsigned int limit)
         }
         if (separator.start == length)
             break;
-        parts.push({piece, separator.start});
+        parts.add() = {piece, separator.start};
         piece = separator.end;
     }
-    parts.push({piece, length});
+    parts.add() = {piece, length};
 }
 
 } // namespace ym

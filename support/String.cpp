@@ -14,17 +14,14 @@ namespace {
 
 constexpr std::size_t longest = String::npos - 1;
 
-std::string_view view(const char* text)
+std::size_t lengthOf(const char* text)
 {
-    return text ? std::string_view(text) : std::string_view();
+    return text ? std::strlen(text) : 0;
 }
 
-// Lengths are 32 bits wide in the interface, so a longer text could not be told apart from a short one.
-std::string_view fitting(std::string_view added, std::size_t present)
+std::string_view view(const String& text)
 {
-    if (added.size() > longest - present)
-        throw std::length_error("ym::String: text too long");
-    return added;
+    return {text.chars(), text.length()};
 }
 
 bool isSpace(char c)
@@ -60,84 +57,177 @@ template <class Width> Width toNumber(std::string_view text, bool* ok, int base)
 
 } // namespace
 
-String::String() = default;
-String::String(const char* text) : text_(fitting(view(text), 0)) { }
-String::String(const String& other) = default;
-String::String(String&& other) noexcept : text_(std::move(other.text_))
+// What all changes rest on
+
+void String::setLength(unsigned int length)
 {
-    other.text_.clear();
+    length_ = length;
+    text_[length] = '\0';
 }
-String::~String() = default;
+
+void String::release()
+{
+    if (!isOwn())
+        delete[] text_;
+}
+
+// The bytes may be a part of this string.
+void String::replace(const char* bytes, std::size_t n)
+{
+    if (n <= capacity_) {
+        if (n > 0)
+            std::memmove(text_, bytes, n);
+        setLength(static_cast<unsigned int>(n));
+        return;
+    }
+    // Lengths are 32 bits wide in the interface, so a longer text could not be told apart from a short one.
+    if (n > longest)
+        throw std::length_error("ym::String: text too long");
+    char* const text = new char[n + 1];
+    std::memcpy(text, bytes, n);
+    release();
+    text_ = text;
+    capacity_ = static_cast<unsigned int>(n);
+    setLength(capacity_);
+}
+
+void String::add(const char* bytes, std::size_t n)
+{
+    if (n == 0)
+        return;
+    if (n <= capacity_ - length_) {
+        std::memcpy(text_ + length_, bytes, n);
+        setLength(length_ + static_cast<unsigned int>(n));
+        return;
+    }
+    if (n > longest - length_)
+        throw std::length_error("ym::String: text too long");
+    const std::size_t length = length_ + n;
+    const std::size_t capacity = std::min(std::max(length, std::size_t{2} * capacity_), longest);
+    char* const text = new char[capacity + 1];
+    std::memcpy(text, text_, length_);
+    std::memcpy(text + length_, bytes, n);
+    release();
+    text_ = text;
+    capacity_ = static_cast<unsigned int>(capacity);
+    setLength(static_cast<unsigned int>(length));
+}
+
+// Fills this string, which must hold nothing on the heap, from another one, which becomes empty.
+void String::takeOver(String& other)
+{
+    if (other.isOwn()) {
+        text_ = own_;
+        std::memcpy(own_, other.own_, sizeof own_);
+    } else {
+        text_ = other.text_;
+        other.text_ = other.own_;
+    }
+    length_ = other.length_;
+    capacity_ = other.capacity_;
+    other.capacity_ = ownCapacity;
+    other.setLength(0);
+}
+
+// The operations
+
+String::String() : text_(own_), length_(0), capacity_(ownCapacity)
+{
+    own_[0] = '\0';
+}
+
+String::String(const char* text) : String()
+{
+    replace(text, lengthOf(text));
+}
+
+String::String(const String& other) : String()
+{
+    replace(other.text_, other.length_);
+}
+
+String::String(String&& other) noexcept
+{
+    takeOver(other);
+}
+
+String::~String()
+{
+    release();
+}
 
 String& String::operator=(const char* text)
 {
     return assign(text);
 }
 
-String& String::operator=(const String& other) = default;
+String& String::operator=(const String& other)
+{
+    replace(other.text_, other.length_);
+    return *this;
+}
 
 String& String::operator=(String&& other) noexcept
 {
     if (this != &other) {
-        text_ = std::move(other.text_);
-        other.text_.clear();
+        release();
+        takeOver(other);
     }
     return *this;
 }
 
 String& String::append(const char* text)
 {
-    text_.append(fitting(view(text), text_.size()));
+    add(text, lengthOf(text));
     return *this;
 }
 
 String& String::append(const void* data, unsigned int n)
 {
-    if (n > 0)
-        text_.append(fitting({static_cast<const char*>(data), n}, text_.size()));
+    add(static_cast<const char*>(data), n);
     return *this;
 }
 
 String& String::assign(const char* text)
 {
-    text_.assign(fitting(view(text), 0));
+    replace(text, lengthOf(text));
     return *this;
 }
 
 String& String::assign(const void* data, unsigned int n)
 {
-    const char* bytes = static_cast<const char*>(data);
-    if (n > 0 && bytes[n - 1] == '\0')
-        --n;
-    text_.assign(n > 0 ? fitting({bytes, n}, 0) : std::string_view());
+    const char* const bytes = static_cast<const char*>(data);
+    replace(bytes, n > 0 && bytes[n - 1] == '\0' ? n - 1 : n);
     return *this;
 }
 
 unsigned int String::find(char c, unsigned int start) const
 {
-    const std::size_t at = text_.find(c, start);
-    return at == std::string::npos ? npos : static_cast<unsigned int>(at);
+    if (start >= length_)
+        return npos;
+    const void* const found = std::memchr(text_ + start, c, length_ - start);
+    return found ? static_cast<unsigned int>(static_cast<const char*>(found) - text_) : npos;
 }
 
 String String::substring(unsigned int start, unsigned int end) const
 {
     String part;
-    end = std::min(end, length());
+    end = std::min(end, length_);
     if (start < end)
-        part.text_.assign(text_, start, end - start);
+        part.replace(text_ + start, end - start);
     return part;
 }
 
 int String::compare(const String& other, unsigned int pos, unsigned int n) const
 {
-    return text_.compare(std::min(pos, length()), n, other.text_);
+    return view(*this).substr(std::min(pos, length_), n).compare(view(other));
 }
 
 String& String::setNum(unsigned long n)
 {
     char digits[std::numeric_limits<unsigned long>::digits10 + 1];
     const std::to_chars_result result = std::to_chars(digits, digits + sizeof digits, n);
-    text_.assign(digits, static_cast<std::size_t>(result.ptr - digits));
+    replace(digits, static_cast<std::size_t>(result.ptr - digits));
     return *this;
 }
 
@@ -148,12 +238,12 @@ String& String::setNum(unsigned short n)
 
 unsigned short String::toUInt16(bool* ok, int base) const
 {
-    return toNumber<std::uint16_t>(text_, ok, base);
+    return toNumber<std::uint16_t>(view(*this), ok, base);
 }
 
 unsigned long String::toUInt32(bool* ok, int base) const
 {
-    return toNumber<std::uint32_t>(text_, ok, base);
+    return toNumber<std::uint32_t>(view(*this), ok, base);
 }
 
 } // namespace ym

@@ -37,6 +37,12 @@ String attrLine(char type, const String& name, const String& value)
     return line;
 }
 
+// Whether a line may come in: of a known type, with a value.
+bool isKept(const String& line)
+{
+    return hasValue(line) && line.chars()[1] == '=' && Impl::rank(Impl::revorder_session, typeOf(line)) >= 0;
+}
+
 // What the session level and the sections have in common
 
 int read(Impl& impl, int section, char type, String* value)
@@ -97,17 +103,17 @@ int SDPDesc::parse(const String& text)
     MemoryIO stream(text.chars(), text.length());
     LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
     String line;
-    while (reader.readLine(&line) > 0)
-        if (parseLine(line) != 0)
+    while (reader.readLine(&line) > 0) {
+        if (!isKept(line))
             return -1;
+        impl_->insert(impl_->lines.end(), std::move(line));
+    }
     return 0;
 }
 
 int SDPDesc::parseLine(const String& line)
 {
-    if (line.length() < 2 || line.chars()[1] != '=')
-        return -1;
-    if (SDPDesc_impl::rank(SDPDesc_impl::revorder_session, typeOf(line)) == -1)
+    if (!isKept(line))
         return -1;
     impl_->insert(impl_->lines.end(), line);
     return 0;
@@ -149,7 +155,7 @@ int SDPDesc::set(char type, const String& value)
 {
     if (type == 'm')
         return -1;
-    impl_->place(impl_->lines.begin(), impl_->lines.end(), SDPDesc_impl::revorder_session, fieldLine(type, value));
+    impl_->place(impl_->lines.begin(), impl_->lines.end(), Impl::revorder_session, fieldLine(type, value));
     return 0;
 }
 
@@ -226,7 +232,7 @@ int SDPDesc::nMedia() const
 int SDPDesc::setMedia(int section, char type, const String& value)
 {
     const int number = sectionNumber(section);
-    impl_->place(impl_->section(number), impl_->levelEnd(number), SDPDesc_impl::revorder_media, fieldLine(type, value));
+    impl_->place(impl_->section(number), impl_->levelEnd(number), Impl::revorder_media, fieldLine(type, value));
     return 0;
 }
 

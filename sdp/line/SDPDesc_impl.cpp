@@ -153,12 +153,14 @@ Impl::Position Impl::numbered(int section, int n, char type)
     if (n < 0)
         return lines.end();
     Run& run = this->run(section, type);
-    if (run.n < 0 || n < run.n) {
+    if (run.n < 0) {
         run.line = firstNumbered(section, type);
         run.n = 0;
     }
     if (run.line == lines.end())
         return lines.end();
+    for (; run.n > n; --run.n)
+        --run.line;
     for (; run.n < n; ++run.n) {
         const Position next = std::next(run.line);
         if (next == lines.end() || typeOf(*next) != type)
@@ -208,7 +210,7 @@ void Impl::setNumbered(int section, int n, const String& line, char type)
     after.section = section;
     after.n = empty ? 0 : before.n + 1;
     after.line = insert(empty ? levelEnd(section) : std::next(before.line), line);
-    if (type != 'm')
+    if (type != 'm' && section < nSections())
         run(section, type) = after;
 }
 
@@ -227,11 +229,11 @@ void Impl::place(Position first, Position last, const int* order, const String& 
     insert(first, line);
 }
 
-Impl::Position Impl::insert(Position before, const String& line)
+Impl::Position Impl::insert(Position before, String line)
 {
-    const Position added = lines.insert(before, line);
+    const Position added = lines.insert(before, std::move(line));
     forgetLines();
-    if (typeOf(line) != 'm')
+    if (typeOf(*added) != 'm')
         return added;
     if (sectionsKnown_ && before == lines.end())
         sections_.push_back(added);

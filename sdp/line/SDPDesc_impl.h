@@ -76,7 +76,7 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     YM_HIDDEN void place(Position first, Position last, const int* order, const String& line);
 
     // All changes of the list but those of a line's value.
-    YM_HIDDEN Position insert(Position before, const String& line);
+    YM_HIDDEN Position insert(Position before, String line);
     YM_HIDDEN void erase(Position line);
     YM_HIDDEN void eraseSection(int number);
     YM_HIDDEN void clear();

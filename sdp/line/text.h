@@ -1,7 +1,7 @@
 // The form of a line, "x=value", taken apart and put together. No other file knows it.
 #pragma once
 
-#include <cstdint>
+#include <algorithm>
 
 #include <tovik/String.h>
 
@@ -25,14 +25,22 @@ inline const char* valueOf(const String& line)
     return line.chars() + 2;
 }
 
+// Replaces a text by a part of a line. Unlike an assignment, this makes use of the memory that the text has already.
+inline void copyPart(const String& line, unsigned int start, unsigned int end, String* out)
+{
+    out->assign("");
+    out->append(line.chars() + start, end - start);
+}
+
 // a=name:value, or a=name
 inline void cut(const String& line, String* name, String* value)
 {
+    const unsigned int end = line.length();
     const unsigned int colon = line.find(':', 2);
     if (name)
-        *name = line.substring(2, colon);
+        copyPart(line, 2, std::min(colon, end), name);
     if (value)
-        *value = colon == String::npos ? String() : line.substring(colon + 1, String::npos);
+        copyPart(line, colon < end ? colon + 1 : end, end, value);
 }
 
 // Put together: pieces of text, one behind the other

@@ -10,12 +10,11 @@ namespace ym::SDP {
 
 namespace {
 
-// A text without the white space at its end; empty if there is nothing else.
-String trimmed(const String& text)
+// The group of a pattern that takes white space off the end of a text; empty if there is nothing else.
+String trimmed(PRegEx& trim, const String& text)
 {
-    PRegEx pattern(R"((.*\S)\s*$)", 0);
-    pattern.match(text, 0);
-    return pattern[1];
+    trim.match(text, 0);
+    return trim[1];
 }
 
 // minptime=10; useinbandfec=1
@@ -23,11 +22,12 @@ void parseFormatParams(const String& text, SDPMediaPayload& payload)
 {
     PRegEx separator(R"(\s*;\s*)", 0);
     PRegEx parameter(R"(^\s*([^=]*)=\s*(.*)$)", 0);
+    PRegEx trim(R"((.*\S)\s*$)", 0);
     const int n = separator.split(text, noLimit);
     for (int i = 0; i < n; ++i) {
         const String piece = separator[i];
         if (parameter.match(piece, 0))
-            payload.addFormatParam(trimmed(parameter[1]), trimmed(parameter[2]));
+            payload.addFormatParam(trimmed(trim, parameter[1]), trimmed(trim, parameter[2]));
         else
             payload.addFormatParam(piece, "");
     }

@@ -84,10 +84,13 @@ bool readConnection(const String& value, ConnectionLine* line)
     if (!pattern.match(value, 0))
         return false;
     line->connection = {networkTypeId(pattern[1].chars()), addressTypeId(pattern[2].chars()), pattern[3]};
+    const String rest = pattern[4];
+    if (rest.length() == 0)
+        return true;
 
     // 127/3
     PRegEx tail(R"(^([^(/)]+)/{0,1}(\S*)$)", 0);
-    if (tail.match(pattern[4], 0)) {
+    if (tail.match(rest, 0)) {
         line->ttl = tail[1];
         line->numAddr = tail[2];
     }

@@ -2,19 +2,19 @@
 
 namespace ym::pregex {
 
-Matcher::Matcher(const Pattern& pattern, std::string_view subject)
+Matcher::Matcher(Pattern& pattern, std::string_view subject)
     : pattern_(pattern),
       subject_(subject.data()),
       length_(static_cast<unsigned int>(subject.size())),
       allowedWork_(subject.size() * 4 + 256)
 {
-    reach_.resize(pattern.steps.size());
+    choices_.resize(pattern.nSteps());
 }
 
 bool Matcher::search(unsigned int from, Groups* groups)
 {
-    groups_ = groups;
-    groups->resize(pattern_.nGroups + 1);
+    groups->resize(pattern_.nGroups() + 1);
+    groups_ = &(*groups)[0];
     if (work_ <= allowedWork_ && searchByWalk(from))
         return true;
     return work_ > allowedWork_ && searchByTable(from);
@@ -22,58 +22,106 @@ bool Matcher::search(unsigned int from, Groups* groups)
 
 bool Matcher::searchByWalk(unsigned int from)
 {
-    const bool anchored = pattern_.steps.size() > 0 && pattern_.steps[0].kind == Step::Begin;
-    for (unsigned int start = from; start <= length_ && work_ <= allowedWork_; ++start) {
+    if (pattern_.isAnchored())
+        return from == 0 && walk(0);
+    for (unsigned int start = nextStart(from); start <= length_ && work_ <= allowedWork_;
+         start = nextStart(startBehind(start)))
         if (walk(start))
             return true;
-        if (anchored)
-            break;
-    }
     return false;
+}
+
+// The first position at or behind `start` where the pattern can begin, or one behind the end.
+unsigned int Matcher::nextStart(unsigned int start) const
+{
+    const ByteSet* first = pattern_.first();
+    if (!first)
+        return start;
+    while (start < length_ && !first->has(static_cast<unsigned char>(subject_[start])))
+        ++start;
+    return start < length_ ? start : length_ + 1;
+}
+
+// Where to look on when the pattern does not match from `failed`. If it begins with a repetition, nothing matches
+// behind any length of that, so that the other starts in the same run can only fail again.
+unsigned int Matcher::startBehind(unsigned int failed) const
+{
+    unsigned int step = 0;
+    while (step < pattern_.nSteps() && pattern_.step(step).kind == Step::Open)
+        ++step;
+    if (step < pattern_.nSteps() && pattern_.step(step).kind >= Step::Star)
+        return runEnd(pattern_.step(step), failed) + 1;
+    return failed + 1;
 }
 
 bool Matcher::walk(unsigned int start)
 {
+    const unsigned int nSteps = pattern_.nSteps();
     unsigned int step = 0;
     unsigned int at = start;
-    while (step < pattern_.steps.size()) {
-        const Step& now = pattern_.steps[step];
-        bool fits = true;
-        if (now.repeats()) {
-            const unsigned int most = runEnd(now, at);
-            work_ += most - at;
-            reach_[step] = {now.kind == Step::Plus ? at + 1 : at, most};
-            fits = reach_[step].least <= most;
-            at = most;
-        } else if (now.kind == Step::Once) {
-            fits = takes(now, at++);
-        } else {
-            fits = (now.kind != Step::Begin || at == 0) && (now.kind != Step::End || at == length_);
-            mark(now, at);
-        }
-        if (fits)
+    choice_ = none;
+    while (step < nSteps) {
+        if (advance(step, &at))
             ++step;
-        else if (!giveBack(&step, &at))
+        else if (!goBack(&step, &at))
             return false;
     }
-    markWhole(start, at);
+    groups_[0] = {start, at};
     return true;
 }
 
-// Goes back from a step that failed to the last repetition before it that can be one shorter.
-bool Matcher::giveBack(unsigned int* step, unsigned int* at)
+// Back to the last repetition that can give a byte back, and on from behind it.
+bool Matcher::goBack(unsigned int* step, unsigned int* at)
 {
-    if (++work_ > allowedWork_)
+    constexpr std::size_t little = 32;
+    if (++work_ > little)
+        pattern_.study();
+    while (choice_ != none && pattern_.step(choice_).firm)
+        choice_ = choices_[choice_].before;
+    if (choice_ == none || work_ > allowedWork_)
         return false;
-    while ((*step)-- > 0) {
-        Reach& reach = reach_[*step];
-        if (pattern_.steps[*step].repeats() && reach.most > reach.least) {
-            *at = --reach.most;
-            ++*step;
-            return true;
-        }
+    Choice& choice = choices_[choice_];
+    *step = choice_ + 1;
+    *at = --choice.most;
+    if (choice.most == choice.least)
+        choice_ = choice.before;
+    return true;
+}
+
+// Takes what a step can take, and says whether that is enough.
+inline bool Matcher::advance(unsigned int step, unsigned int* at)
+{
+    const Step& now = pattern_.step(step);
+    switch (now.kind) {
+    case Step::Begin:
+        return *at == 0;
+    case Step::End:
+        return *at == length_;
+    case Step::Open:
+        groups_[now.group].start = *at;
+        return true;
+    case Step::Close:
+        groups_[now.group].end = *at;
+        return true;
+    case Step::Once:
+        return takes(now, (*at)++);
+    default:
+        return repeat(step, at);
     }
-    return false;
+}
+
+inline bool Matcher::repeat(unsigned int step, unsigned int* at)
+{
+    const Step& now = pattern_.step(step);
+    const unsigned int least = *at + (now.kind == Step::Plus);
+    const unsigned int most = runEnd(now, *at);
+    work_ += most - *at;
+    if (most > least) {
+        choices_[step] = {least, most, choice_};
+        choice_ = step;
+    }
+    *at = most;
+    return most >= least;
 }
 
 bool Matcher::searchByTable(unsigned int from)
@@ -90,7 +138,7 @@ bool Matcher::searchByTable(unsigned int from)
 
 void Matcher::fillTable()
 {
-    const unsigned int nSteps = pattern_.steps.size();
+    const unsigned int nSteps = pattern_.nSteps();
     table_.assign(nSteps + 1, std::vector<bool>(length_ + std::size_t{1}));
     table_[nSteps].assign(length_ + std::size_t{1}, true);
     for (unsigned int step = nSteps; step-- > 0;)
@@ -99,14 +147,14 @@ void Matcher::fillTable()
 
 void Matcher::fillRow(unsigned int step)
 {
-    const Step& now = pattern_.steps[step];
+    const Step& now = pattern_.step(step);
     const std::vector<bool>& next = table_[step + 1];
     std::vector<bool>& row = table_[step];
     bool again = false; // whether this step matches from the position behind
     bool after = false; // whether the next one does
     for (std::size_t at = length_ + std::size_t{1}; at-- > 0;) {
         const bool here = next[at];
-        const bool taken = takes(now, static_cast<unsigned int>(at));
+        const bool taken = now.set && takes(now, static_cast<unsigned int>(at));
         switch (now.kind) {
         case Step::Begin:
             again = here && at == 0;
@@ -140,8 +188,8 @@ void Matcher::fillRow(unsigned int step)
 void Matcher::followTable(unsigned int start)
 {
     unsigned int at = start;
-    for (unsigned int step = 0; step < pattern_.steps.size(); ++step) {
-        const Step& now = pattern_.steps[step];
+    for (unsigned int step = 0; step < pattern_.nSteps(); ++step) {
+        const Step& now = pattern_.step(step);
         if (now.repeats()) {
             const unsigned int most = runEnd(now, at);
             for (at = most; !table_[step + 1][at];)
@@ -149,36 +197,23 @@ void Matcher::followTable(unsigned int start)
         } else if (now.kind == Step::Once) {
             ++at;
         } else {
-            mark(now, at);
+            advance(step, &at);
         }
     }
-    markWhole(start, at);
+    groups_[0] = {start, at};
 }
 
-bool Matcher::takes(const Step& step, unsigned int at) const
+inline bool Matcher::takes(const Step& step, unsigned int at) const
 {
-    return at < length_ && step.set.has(static_cast<unsigned char>(subject_[at]));
+    return at < length_ && step.set->has(static_cast<unsigned char>(subject_[at]));
 }
 
-unsigned int Matcher::runEnd(const Step& step, unsigned int at) const
+inline unsigned int Matcher::runEnd(const Step& step, unsigned int at) const
 {
     const unsigned int limit = step.kind == Step::Optional && at < length_ ? at + 1 : length_;
-    while (at < limit && step.set.has(static_cast<unsigned char>(subject_[at])))
+    while (at < limit && step.set->has(static_cast<unsigned char>(subject_[at])))
         ++at;
     return at;
-}
-
-void Matcher::mark(const Step& step, unsigned int at)
-{
-    if (step.kind == Step::Open)
-        (*groups_)[step.group].start = at;
-    else if (step.kind == Step::Close)
-        (*groups_)[step.group].end = at;
-}
-
-void Matcher::markWhole(unsigned int start, unsigned int end)
-{
-    (*groups_)[0] = {start, end};
 }
 
 } // namespace ym::pregex

@@ -21,40 +21,48 @@ using Groups = SmallArray<Span, 16>;
 //
 // A search walks the steps of the pattern forward, each repetition as long as it can be, and on a failure goes back to
 // the last repetition that can give a byte back. That is the fastest way for nearly every line, but some lines make
-// it walk the same ground over and over. So the work of all searches is counted, and when it has grown beyond a
-// few passes over the subject, a table answers instead: for each step and position, whether the rest of the
-// pattern matches from there. It is filled in one pass for each step, and gives the same match.
+// it walk the same ground over and over. So the work of all searches is counted. After a little of it, the pattern is
+// studied for repetitions that need not be cut back; and when it has grown beyond a few passes over the subject, a
+// table answers instead: for each step and position, whether the rest of the pattern matches from there. The table is
+// filled in one pass for each step, and gives the same match.
 class Matcher {
 public:
-    Matcher(const Pattern& pattern, std::string_view subject);
+    // Pattern and subject must outlive the matcher.
+    Matcher(Pattern& pattern, std::string_view subject);
 
     // The first match that begins at or behind `from`.
     bool search(unsigned int from, Groups* groups);
 
 private:
-    // How far a repetition reaches in the walk at hand, and how far it can be cut back.
-    struct Reach {
+    // A repetition that can be cut back, in the walk at hand.
+    struct Choice {
         unsigned int least;
         unsigned int most;
+        unsigned int before; // the step of the choice before this one, or none
     };
 
+    static constexpr unsigned int none = 0xFFFFFFFF;
+
     bool searchByWalk(unsigned int from);
+    unsigned int nextStart(unsigned int start) const;
+    unsigned int startBehind(unsigned int failed) const;
     bool walk(unsigned int start);
-    bool giveBack(unsigned int* step, unsigned int* at);
+    bool advance(unsigned int step, unsigned int* at);
+    bool repeat(unsigned int step, unsigned int* at);
+    bool goBack(unsigned int* step, unsigned int* at);
     bool searchByTable(unsigned int from);
     void fillTable();
     void fillRow(unsigned int step);
     void followTable(unsigned int start);
     bool takes(const Step& step, unsigned int at) const;
     unsigned int runEnd(const Step& step, unsigned int at) const;
-    void mark(const Step& step, unsigned int at);
-    void markWhole(unsigned int start, unsigned int end);
 
-    const Pattern& pattern_;
+    Pattern& pattern_;
     const char* subject_;
     unsigned int length_;
-    Groups* groups_ = nullptr;
-    SmallArray<Reach, 32> reach_;
+    Span* groups_ = nullptr;
+    unsigned int choice_ = none; // the last step that can be cut back
+    SmallArray<Choice, 32> choices_;
     std::size_t work_ = 0;
     std::size_t allowedWork_;
     std::vector<std::vector<bool>> table_; // [step][position]: do this step and all behind it match from there?

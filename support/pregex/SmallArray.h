@@ -24,17 +24,23 @@ public:
 
     void clear() { size_ = 0; }
 
-    void push(const T& element)
+    void reserve(unsigned int capacity)
+    {
+        if (capacity > capacity_)
+            grow(capacity);
+    }
+
+    // A new last element.
+    T& add()
     {
         if (size_ == capacity_)
             grow(capacity_ * 2);
-        (*this)[size_++] = element;
+        return (*this)[size_++];
     }
 
     void resize(unsigned int size)
     {
-        if (size > capacity_)
-            grow(size);
+        reserve(size);
         size_ = size;
     }
 

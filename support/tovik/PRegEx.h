@@ -18,7 +18,7 @@ namespace ym {
 //
 // Of all ways to match, Perl's is taken: the leftmost one, with every repetition as long as the rest allows.
 // Time is at worst proportional to the length of the pattern times that of the subject, and the stack does not grow
-// with either, so subjects from the network are safe. Making a pattern of up to 32 elements takes no memory from the
+// with either, so subjects from the network are safe. Making a pattern of up to 64 bytes takes no memory from the
 // heap.
 class YM_EXPORT PRegEx {
 public:
@@ -50,7 +50,7 @@ private:
     YM_HIDDEN const State& state() const;
 
     // Holds the State, which would otherwise cost a trip to the heap for every pattern.
-    alignas(8) unsigned char storage_[2560];
+    alignas(8) unsigned char storage_[2432];
 };
 
 } // namespace ym

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
 
 #include <tovik/export.h>
 
@@ -28,10 +28,10 @@ public:
     String& operator=(String&& other) noexcept; // leaves `other` empty
 
     // The characters with a NUL behind them, never null. Valid until the string is next changed.
-    const char* chars() const { return text_.c_str(); }
+    const char* chars() const { return text_; }
 
     // The number of bytes, without the NUL behind them.
-    unsigned int length() const { return static_cast<unsigned int>(text_.size()); }
+    unsigned int length() const { return length_; }
 
     // Adds a text at the end.
     String& append(const char* text);
@@ -69,7 +69,19 @@ public:
     unsigned long toUInt32(bool* ok, int base) const; // 32 bits wide on every host
 
 private:
-    std::string text_;
+    static constexpr unsigned int ownCapacity = 15;
+
+    YM_HIDDEN bool isOwn() const { return text_ == own_; }
+    YM_HIDDEN void setLength(unsigned int length);
+    YM_HIDDEN void replace(const char* bytes, std::size_t n);
+    YM_HIDDEN void add(const char* bytes, std::size_t n);
+    YM_HIDDEN void takeOver(String& other);
+    YM_HIDDEN void release();
+
+    char* text_;            // in own_, or on the heap
+    unsigned int length_;   // the NUL behind the text is not counted
+    unsigned int capacity_; // nor here
+    char own_[ownCapacity + 1];
 };
 
 } // namespace ym
