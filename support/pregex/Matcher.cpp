@@ -4,11 +4,10 @@ namespace ym::pregex {
 
 Matcher::Matcher(Pattern& pattern, std::string_view subject)
     : pattern_(pattern),
-      subject_(subject.data()),
+      subject_(reinterpret_cast<const unsigned char*>(subject.data())),
       length_(static_cast<unsigned int>(subject.size())),
       allowedWork_(subject.size() * 4 + 256)
 {
-    choices_.resize(pattern.nSteps());
 }
 
 bool Matcher::search(unsigned int from, Groups* groups)
@@ -24,20 +23,20 @@ bool Matcher::searchByWalk(unsigned int from)
 {
     if (pattern_.isAnchored())
         return from == 0 && walk(0);
-    for (unsigned int start = nextStart(from); start <= length_ && work_ <= allowedWork_;
-         start = nextStart(startBehind(start)))
+    for (unsigned int start = from; start <= length_ && work_ <= allowedWork_; start = nextStart(startBehind(start)))
         if (walk(start))
             return true;
     return false;
 }
 
 // The first position at or behind `start` where the pattern can begin, or one behind the end.
-unsigned int Matcher::nextStart(unsigned int start) const
+unsigned int Matcher::nextStart(unsigned int start)
 {
-    const ByteSet* first = pattern_.first();
-    if (!first)
+    if (start_ == Unknown)
+        start_ = pattern_.findFirst(&first_) ? AtFirst : Anywhere;
+    if (start_ == Anywhere)
         return start;
-    while (start < length_ && !first->has(static_cast<unsigned char>(subject_[start])))
+    while (start < length_ && !first_[subject_[start]])
         ++start;
     return start < length_ ? start : length_ + 1;
 }
@@ -46,22 +45,24 @@ unsigned int Matcher::nextStart(unsigned int start) const
 // behind any length of that, so that the other starts in the same run can only fail again.
 unsigned int Matcher::startBehind(unsigned int failed) const
 {
-    unsigned int step = 0;
-    while (step < pattern_.nSteps() && pattern_.step(step).kind == Step::Open)
+    const Step* step = pattern_.steps();
+    const Step* const end = step + pattern_.nSteps();
+    while (step != end && step->kind == Step::Open)
         ++step;
-    if (step < pattern_.nSteps() && pattern_.step(step).kind >= Step::Star)
-        return runEnd(pattern_.step(step), failed) + 1;
+    if (step != end && step->kind >= Step::Star)
+        return runEnd(*step, failed) + 1;
     return failed + 1;
 }
 
 bool Matcher::walk(unsigned int start)
 {
+    const Step* const steps = pattern_.steps();
     const unsigned int nSteps = pattern_.nSteps();
     unsigned int step = 0;
     unsigned int at = start;
-    choice_ = none;
+    choices_.clear();
     while (step < nSteps) {
-        if (advance(step, &at))
+        if (advance(steps[step], &at))
             ++step;
         else if (!goBack(&step, &at))
             return false;
@@ -73,53 +74,49 @@ bool Matcher::walk(unsigned int start)
 // Back to the last repetition that can give a byte back, and on from behind it.
 bool Matcher::goBack(unsigned int* step, unsigned int* at)
 {
-    constexpr std::size_t little = 32;
+    constexpr std::size_t little = 128;
     if (++work_ > little)
         pattern_.study();
-    while (choice_ != none && pattern_.step(choice_).firm)
-        choice_ = choices_[choice_].before;
-    if (choice_ == none || work_ > allowedWork_)
+    while (choices_.size() > 0 && pattern_.steps()[choices_.back().step].firm)
+        choices_.drop();
+    if (choices_.size() == 0 || work_ > allowedWork_)
         return false;
-    Choice& choice = choices_[choice_];
-    *step = choice_ + 1;
+    Choice& choice = choices_.back();
+    *step = choice.step + 1;
     *at = --choice.most;
     if (choice.most == choice.least)
-        choice_ = choice.before;
+        choices_.drop();
     return true;
 }
 
 // Takes what a step can take, and says whether that is enough.
-inline bool Matcher::advance(unsigned int step, unsigned int* at)
+inline bool Matcher::advance(const Step& step, unsigned int* at)
 {
-    const Step& now = pattern_.step(step);
-    switch (now.kind) {
+    switch (step.kind) {
     case Step::Begin:
         return *at == 0;
     case Step::End:
         return *at == length_;
     case Step::Open:
-        groups_[now.group].start = *at;
+        groups_[step.group].start = *at;
         return true;
     case Step::Close:
-        groups_[now.group].end = *at;
+        groups_[step.group].end = *at;
         return true;
     case Step::Once:
-        return takes(now, (*at)++);
+        return takes(step, (*at)++);
     default:
         return repeat(step, at);
     }
 }
 
-inline bool Matcher::repeat(unsigned int step, unsigned int* at)
+inline bool Matcher::repeat(const Step& step, unsigned int* at)
 {
-    const Step& now = pattern_.step(step);
-    const unsigned int least = *at + (now.kind == Step::Plus);
-    const unsigned int most = runEnd(now, *at);
+    const unsigned int least = *at + (step.kind == Step::Plus);
+    const unsigned int most = runEnd(step, *at);
     work_ += most - *at;
-    if (most > least) {
-        choices_[step] = {least, most, choice_};
-        choice_ = step;
-    }
+    if (most > least)
+        choices_.add() = {static_cast<unsigned int>(&step - pattern_.steps()), least, most};
     *at = most;
     return most >= least;
 }
@@ -147,14 +144,14 @@ void Matcher::fillTable()
 
 void Matcher::fillRow(unsigned int step)
 {
-    const Step& now = pattern_.step(step);
+    const Step& now = pattern_.steps()[step];
     const std::vector<bool>& next = table_[step + 1];
     std::vector<bool>& row = table_[step];
     bool again = false; // whether this step matches from the position behind
     bool after = false; // whether the next one does
     for (std::size_t at = length_ + std::size_t{1}; at-- > 0;) {
         const bool here = next[at];
-        const bool taken = now.set && takes(now, static_cast<unsigned int>(at));
+        const bool taken = now.takesBytes() && takes(now, static_cast<unsigned int>(at));
         switch (now.kind) {
         case Step::Begin:
             again = here && at == 0;
@@ -189,7 +186,7 @@ void Matcher::followTable(unsigned int start)
 {
     unsigned int at = start;
     for (unsigned int step = 0; step < pattern_.nSteps(); ++step) {
-        const Step& now = pattern_.step(step);
+        const Step& now = pattern_.steps()[step];
         if (now.repeats()) {
             const unsigned int most = runEnd(now, at);
             for (at = most; !table_[step + 1][at];)
@@ -197,7 +194,7 @@ void Matcher::followTable(unsigned int start)
         } else if (now.kind == Step::Once) {
             ++at;
         } else {
-            advance(step, &at);
+            advance(now, &at);
         }
     }
     groups_[0] = {start, at};
@@ -205,14 +202,18 @@ void Matcher::followTable(unsigned int start)
 
 inline bool Matcher::takes(const Step& step, unsigned int at) const
 {
-    return at < length_ && step.set->has(static_cast<unsigned char>(subject_[at]));
+    return at < length_ && step.takes(subject_[at]);
 }
 
 inline unsigned int Matcher::runEnd(const Step& step, unsigned int at) const
 {
     const unsigned int limit = step.kind == Step::Optional && at < length_ ? at + 1 : length_;
-    while (at < limit && step.set->has(static_cast<unsigned char>(subject_[at])))
-        ++at;
+    if (step.set)
+        while (at < limit && (*step.set)[subject_[at]])
+            ++at;
+    else
+        while (at < limit && subject_[at] == step.byte)
+            ++at;
     return at;
 }
 

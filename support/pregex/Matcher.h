@@ -36,19 +36,17 @@ public:
 private:
     // A repetition that can be cut back, in the walk at hand.
     struct Choice {
+        unsigned int step;
         unsigned int least;
         unsigned int most;
-        unsigned int before; // the step of the choice before this one, or none
     };
 
-    static constexpr unsigned int none = 0xFFFFFFFF;
-
     bool searchByWalk(unsigned int from);
-    unsigned int nextStart(unsigned int start) const;
+    unsigned int nextStart(unsigned int start);
     unsigned int startBehind(unsigned int failed) const;
     bool walk(unsigned int start);
-    bool advance(unsigned int step, unsigned int* at);
-    bool repeat(unsigned int step, unsigned int* at);
+    bool advance(const Step& step, unsigned int* at);
+    bool repeat(const Step& step, unsigned int* at);
     bool goBack(unsigned int* step, unsigned int* at);
     bool searchByTable(unsigned int from);
     void fillTable();
@@ -58,13 +56,18 @@ private:
     unsigned int runEnd(const Step& step, unsigned int at) const;
 
     Pattern& pattern_;
-    const char* subject_;
+    const unsigned char* subject_;
     unsigned int length_;
     Span* groups_ = nullptr;
-    unsigned int choice_ = none; // the last step that can be cut back
-    SmallArray<Choice, 32> choices_;
+    SmallArray<Choice, 32> choices_; // the last one is the first to be cut back
     std::size_t work_ = 0;
     std::size_t allowedWork_;
+    enum {
+        Unknown,
+        Anywhere,
+        AtFirst
+    } start_ = Unknown; // where matches can begin
+    ByteSet first_;
     std::vector<std::vector<bool>> table_; // [step][position]: do this step and all behind it match from there?
 };
 

@@ -5,7 +5,14 @@ namespace ym::pregex {
 namespace {
 
 constexpr unsigned int maxGroups = 255;
-constexpr std::array<ByteSet, 256> alone = eachByteAlone();
+
+void addMembers(const Step& step, ByteSet& set)
+{
+    if (step.set)
+        addAll(set, *step.set);
+    else
+        set[step.byte] = 1;
+}
 
 } // namespace
 
@@ -18,37 +25,37 @@ public:
           end_(text.data() + text.size()),
           pattern_(pattern)
     {
-        // Elements and brackets are no more than bytes, so that neither array moves while it is pointed into.
-        pattern.steps_.reserve(static_cast<unsigned int>(text.size()));
-        pattern.brackets_.reserve(static_cast<unsigned int>(text.size() / 3));
+        pattern.steps_.resize(static_cast<unsigned int>(text.size())); // no element is shorter than a byte
+        step_ = &pattern.steps_[0];
     }
 
     bool readAll()
     {
-        while (next_ != end_)
-            if (!readElement(*next_++))
-                return false;
-        return nOpen_ == 0;
+        bool supported = true;
+        while (supported && next_ != end_)
+            supported = readElement(static_cast<unsigned char>(*next_++));
+        pattern_.steps_.resize(static_cast<unsigned int>(step_ - pattern_.steps()));
+        return supported && nOpen_ == 0;
     }
 
 private:
-    bool readElement(char c)
+    bool readElement(unsigned char c)
     {
         switch (c) {
         case '^':
-            return add({Step::Begin, 0, false, nullptr});
+            return add(Step::Begin);
         case '$':
-            return add({Step::End, 0, false, nullptr});
+            return add(Step::End);
         case '(':
             return open();
         case ')':
             return close();
         case '.':
-            return readRepetition(&notNewline);
+            return add(readRepetition(), 0, 0, &notNewline);
         case '\\':
-            return readRepetition(readClass());
+            return addSet(readClass());
         case '[':
-            return readRepetition(readBracket());
+            return addSet(readBracket());
         case '|':
         case '?':
         case '*':
@@ -56,13 +63,11 @@ private:
         case '{':
             return false;
         default:
-            return readRepetition(&alone[static_cast<unsigned char>(c)]);
+            return add(readRepetition(), 0, c);
         }
     }
 
-    bool readRepetition(const ByteSet* set) { return set && add({readKind(), 0, false, set}); }
-
-    Step::Kind readKind()
+    Step::Kind readRepetition()
     {
         switch (peek()) {
         case '*':
@@ -72,57 +77,78 @@ private:
             ++next_;
             return Step::Plus;
         case '{':
-            return takeIf("{0,1}") ? Step::Optional : Step::Once;
+            return readOptional();
         default:
             return Step::Once;
         }
     }
 
+    Step::Kind readOptional()
+    {
+        constexpr std::string_view optional = "{0,1}";
+        if (std::string_view(next_, static_cast<std::size_t>(end_ - next_)).substr(0, optional.size()) != optional)
+            return Step::Once; // and the "{" is refused as the next element
+        next_ += optional.size();
+        return Step::Optional;
+    }
+
     // Behind a backslash.
     const ByteSet* readClass()
     {
+        const ByteSet* set = nullptr;
         switch (peek()) {
         case 's':
-            return ++next_, &space;
+            set = &space;
+            break;
         case 'S':
-            return ++next_, &notSpace;
+            set = &notSpace;
+            break;
         case 'd':
-            return ++next_, &digit;
+            set = &digit;
+            break;
         default:
             return nullptr;
         }
+        ++next_;
+        return set;
     }
 
     // Behind a "[".
     const ByteSet* readBracket()
     {
-        const bool negated = takeIf("^");
-        ByteSet& set = pattern_.brackets_.add() = noByte;
+        const bool negated = peek() == '^';
+        next_ += negated;
+        ByteSet& set = newBracket();
+        set.fill(negated);
         const char* const first = next_;
         while (next_ != end_ && *next_ != ']')
-            if (!readMember(next_ == first, &set))
+            if (!readMember(next_ == first, negated, set))
                 return nullptr;
         // A "]" that comes first is a byte of the set in Perl.
-        if (next_ == first || !takeIf("]"))
-            return nullptr;
-        if (negated)
-            set = ~set;
-        return &set;
+        return next_ != first && next_ != end_ && *next_++ == ']' ? &set : nullptr;
     }
 
-    bool readMember(bool isFirst, ByteSet* set)
+    bool readMember(bool isFirst, bool negated, ByteSet& set)
     {
         const char c = *next_++;
         if (c == '\\') {
             const ByteSet* named = readClass();
             if (named)
-                *set = *set | *named;
+                negated ? removeAll(set, *named) : addAll(set, *named);
             return named != nullptr;
         }
+        set[static_cast<unsigned char>(c)] = !negated;
         const bool isRange = c == '-' && !isFirst && peek() != ']';
         const bool isNamedClass = c == '[' && peek() == ':';
-        set->add(static_cast<unsigned char>(c));
         return !isRange && !isNamedClass;
+    }
+
+    ByteSet& newBracket()
+    {
+        if (pattern_.brackets_.size() < pattern_.brackets_.capacity())
+            return pattern_.brackets_.add();
+        pattern_.moreBrackets_.push_back(std::make_unique<ByteSet>()); // steps point to the others: those may not move
+        return *pattern_.moreBrackets_.back();
     }
 
     bool open()
@@ -130,7 +156,7 @@ private:
         if (pattern_.nGroups_ == maxGroups)
             return false;
         ++nOpen_;
-        return add({Step::Open, static_cast<unsigned char>(++pattern_.nGroups_), false, nullptr});
+        return add(Step::Open, ++pattern_.nGroups_);
     }
 
     // Closes the group that was opened last and is not closed yet.
@@ -140,60 +166,50 @@ private:
             return false;
         --nOpen_;
         unsigned int closed = 0;
-        for (unsigned int i = pattern_.nSteps();;) {
-            const Step& step = pattern_.step(--i);
-            if (step.kind == Step::Close)
+        for (const Step* step = step_;;) {
+            --step;
+            if (step->kind == Step::Close)
                 ++closed;
-            else if (step.kind == Step::Open && closed-- == 0)
-                return add({Step::Close, step.group, false, nullptr});
+            else if (step->kind == Step::Open && closed-- == 0)
+                return add(Step::Close, step->group);
         }
     }
 
-    bool add(const Step& step)
+    bool add(Step::Kind kind, unsigned int group = 0, unsigned char byte = 0, const ByteSet* set = nullptr)
     {
-        pattern_.steps_.add() = step;
+        *step_++ = {kind, static_cast<unsigned char>(group), byte, false, set};
         return true;
     }
 
-    // The next byte, or NUL at the end. A NUL byte in a pattern stands for itself, which no caller asks for here.
+    bool addSet(const ByteSet* set) { return set && add(readRepetition(), 0, 0, set); }
+
     char peek() const { return next_ == end_ ? '\0' : *next_; }
-
-    bool takeIf(std::string_view expected)
-    {
-        if (std::string_view(next_, static_cast<std::size_t>(end_ - next_)).substr(0, expected.size()) != expected)
-            return false;
-        next_ += expected.size();
-        return true;
-    }
 
     const char* next_;
     const char* end_;
     Pattern& pattern_;
+    Step* step_;
     unsigned int nOpen_ = 0;
 };
 
 Pattern::Pattern(std::string_view text)
 {
     usable_ = Reader(text, *this).readAll();
-    if (usable_ && !isAnchored())
-        findFirst();
 }
 
-void Pattern::findFirst()
+bool Pattern::findFirst(ByteSet* first) const
 {
-    first_ = noByte;
-    for (unsigned int i = 0; i < nSteps(); ++i) {
-        const Step& now = step(i);
-        if (now.kind == Step::Begin || now.kind == Step::End)
-            return;
-        if (!now.set)
+    first->fill(0);
+    for (const Step* step = steps(); step != steps() + nSteps(); ++step) {
+        if (step->kind == Step::Begin || step->kind == Step::End)
+            return false;
+        if (!step->takesBytes())
             continue;
-        first_ = first_ | *now.set;
-        if (now.kind == Step::Once || now.kind == Step::Plus) {
-            anywhere_ = false;
-            return;
-        }
+        addMembers(*step, *first);
+        if (step->kind == Step::Once || step->kind == Step::Plus)
+            return true;
     }
+    return false;
 }
 
 // A repetition that is one shorter leaves a byte of its own to what follows. It is firm if nothing that follows can
@@ -203,18 +219,19 @@ void Pattern::study()
     if (studied_)
         return;
     studied_ = true;
-    ByteSet next = noByte; // what can be taken first by all that follows
+    ByteSet next = {}; // what can be taken first by all that follows
     for (unsigned int i = nSteps(); i-- > 0;) {
-        Step& now = steps_[i];
-        now.firm = now.repeats() && !haveCommon(*now.set, next);
-        if (now.kind == Step::Begin)
-            next = anyByte;
-        else if (now.kind == Step::End)
-            next = noByte;
-        else if (now.kind == Step::Once || now.kind == Step::Plus)
-            next = *now.set;
-        else if (now.repeats())
-            next = next | *now.set;
+        Step& step = steps_[i];
+        ByteSet own = {};
+        if (step.takesBytes())
+            addMembers(step, own);
+        step.firm = step.repeats() && !haveCommon(own, next);
+        if (step.kind == Step::Begin)
+            next.fill(1); // nothing is known of a match that goes on behind a "^"
+        else if (step.kind == Step::End || step.kind == Step::Once || step.kind == Step::Plus)
+            next = own;
+        else
+            addAll(next, own);
     }
 }
 

@@ -1,7 +1,9 @@
 // A pattern's text, taken apart into steps.
 #pragma once
 
+#include <memory>
 #include <string_view>
+#include <vector>
 
 #include "support/pregex/ByteSet.h"
 #include "support/pregex/SmallArray.h"
@@ -23,10 +25,13 @@ struct Step {
 
     Kind kind;
     unsigned char group; // of Open and Close
+    unsigned char byte;  // of the others that take a byte: the one that they take, if they have no set
     bool firm;           // of a repetition, once studied: being shorter than it can be is of no use to what follows
-    const ByteSet* set;  // of all others but Begin, End, Open and Close
+    const ByteSet* set;
 
+    bool takesBytes() const { return kind >= Once; }
     bool repeats() const { return kind >= Optional; }
+    bool takes(unsigned char c) const { return set ? (*set)[c] != 0 : c == byte; }
 };
 
 // The steps of a pattern, which have to match one behind the other.
@@ -37,15 +42,15 @@ public:
     // False if the text holds a construct that is not supported.
     bool isUsable() const { return usable_; }
 
+    const Step* steps() const { return steps_.data(); }
     unsigned int nSteps() const { return steps_.size(); }
-    const Step& step(unsigned int i) const { return steps_[i]; }
     unsigned int nGroups() const { return nGroups_; }
 
     // Whether a match can begin at the beginning of the subject only.
-    bool isAnchored() const { return nSteps() > 0 && step(0).kind == Step::Begin; }
+    bool isAnchored() const { return nSteps() > 0 && steps()->kind == Step::Begin; }
 
-    // The bytes at which a match can begin, or null if it may begin anywhere.
-    const ByteSet* first() const { return anywhere_ ? nullptr : &first_; }
+    // Puts the bytes at which a match can begin into `*first`. False if it may begin anywhere.
+    bool findFirst(ByteSet* first) const;
 
     // Finds the repetitions that are firm. That is worth its time only for a match that goes back again and again.
     void study();
@@ -53,15 +58,12 @@ public:
 private:
     class Reader;
 
-    void findFirst();
-
     SmallArray<Step, 64> steps_;
-    SmallArray<ByteSet, 21> brackets_;
+    SmallArray<ByteSet, 2> brackets_;
+    std::vector<std::unique_ptr<ByteSet>> moreBrackets_;
     unsigned int nGroups_ = 0;
     bool usable_;
     bool studied_ = false;
-    bool anywhere_ = true;
-    ByteSet first_;
 };
 
 } // namespace ym::pregex

@@ -17,6 +17,7 @@ public:
     SmallArray& operator=(const SmallArray&) = delete;
 
     unsigned int size() const { return size_; }
+    unsigned int capacity() const { return capacity_; }
     const T* data() const { return more_ ? more_.get() : first_; }
     T& operator[](unsigned int i) { return more_ ? more_[i] : first_[i]; }
     const T& operator[](unsigned int i) const { return data()[i]; }
@@ -37,6 +38,8 @@ public:
             grow(capacity_ * 2);
         return (*this)[size_++];
     }
+
+    void drop() { --size_; }
 
     void resize(unsigned int size)
     {
