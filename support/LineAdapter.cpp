@@ -38,47 +38,57 @@ const char* findLineEnd(const char* begin, const char* end)
 LineAdapter::LineAdapter(DataIO* stream, linebreak_mode, linebreak_mode, linebreak_mode) : stream_(stream) { }
 LineAdapter::~LineAdapter() = default;
 
-// Passes over one line end, if one lies directly ahead.
-bool LineAdapter::skipLineEnd()
+// Whether a byte lies ahead.
+bool LineAdapter::isMore()
 {
+    if (at_ != end_)
+        return true;
+    if (at_ != begin_)
+        stream_->skip(static_cast<unsigned int>(at_ - begin_));
     unsigned int size = 0;
-    const char* ahead = stream_->peek(&size);
-    if (size == 0 || !endsLine(*ahead))
+    begin_ = at_ = stream_->peek(&size);
+    end_ = begin_ + size;
+    return size > 0;
+}
+
+bool LineAdapter::takeLineEnd()
+{
+    if (!isMore() || !endsLine(*at_))
         return false;
-    const char first = *ahead;
-    stream_->skip(1);
-    ahead = stream_->peek(&size);
-    if (first == '\r' && size > 0 && *ahead == '\n')
-        stream_->skip(1);
+    if (*at_++ == '\r' && isMore() && *at_ == '\n')
+        ++at_;
     return true;
+}
+
+void LineAdapter::takeLine(String* line)
+{
+    while (isMore()) {
+        const char* const lineEnd = findLineEnd(at_, end_);
+        line->append(at_, static_cast<unsigned int>(lineEnd - at_));
+        at_ = lineEnd;
+        if (lineEnd != end_)
+            break;
+    }
+    takeLineEnd();
 }
 
 int LineAdapter::readLine(String* line)
 {
     // Whether an empty line counts shows only behind the last of its neighbours.
     if (emptyLines_ == 0)
-        while (skipLineEnd())
+        while (takeLineEnd())
             ++emptyLines_;
-
-    unsigned int size = 0;
-    const char* ahead = stream_->peek(&size);
-    if (size == 0)
-        return 0;
-    line->assign("");
-    if (emptyLines_ > 0) {
-        --emptyLines_;
-        return 1;
+    const bool found = isMore();
+    if (found) {
+        line->assign("");
+        if (emptyLines_ > 0)
+            --emptyLines_;
+        else
+            takeLine(line);
     }
-    while (size > 0) {
-        const auto n = static_cast<unsigned int>(findLineEnd(ahead, ahead + size) - ahead);
-        line->append(ahead, n);
-        stream_->skip(n);
-        if (n < size)
-            break;
-        ahead = stream_->peek(&size);
-    }
-    skipLineEnd();
-    return 1;
+    stream_->skip(static_cast<unsigned int>(at_ - begin_));
+    begin_ = at_ = end_ = nullptr;
+    return found ? 1 : 0;
 }
 
 } // namespace ym

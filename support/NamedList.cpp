@@ -13,6 +13,8 @@ namespace {
 struct Pair {
     String name;
     String value;
+
+    Pair(const String& n, const String& v) : name(n), value(v) { }
 };
 
 using List = std::list<Pair>;
@@ -45,7 +47,7 @@ struct NamedList::Pairs {
     void insert(List::iterator before, const String& name, const String& value)
     {
         const bool atEnd = before == list.end();
-        const auto added = list.insert(before, Pair{name, value});
+        const auto added = list.emplace(before, name, value);
         if (atEnd && !index.empty()) {
             enter(added);
             return;

@@ -102,13 +102,15 @@ int SDPDesc::parse(const String& text)
 {
     MemoryIO stream(text.chars(), text.length());
     LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
-    String line;
-    while (reader.readLine(&line) > 0) {
-        if (!isKept(line))
+    impl_->forget();
+    for (;;) {
+        Impl::Lines next(1); // a line is read where it is going to stay
+        if (reader.readLine(&next.back()) <= 0)
+            return 0;
+        if (!isKept(next.back()))
             return -1;
-        impl_->insert(impl_->lines.end(), std::move(line));
+        impl_->lines.splice(impl_->lines.end(), next);
     }
-    return 0;
 }
 
 int SDPDesc::parseLine(const String& line)

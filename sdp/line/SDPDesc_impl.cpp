@@ -229,9 +229,9 @@ void Impl::place(Position first, Position last, const int* order, const String& 
     insert(first, line);
 }
 
-Impl::Position Impl::insert(Position before, String line)
+Impl::Position Impl::insert(Position before, const String& line)
 {
-    const Position added = lines.insert(before, std::move(line));
+    const Position added = lines.insert(before, line);
     forgetLines();
     if (typeOf(*added) != 'm')
         return added;
@@ -259,6 +259,11 @@ void Impl::eraseSection(int number)
 void Impl::clear()
 {
     lines.clear();
+    forget();
+}
+
+void Impl::forget()
+{
     sectionsKnown_ = false;
     forgetLines();
 }

@@ -75,8 +75,9 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     // the first one of a higher rank.
     YM_HIDDEN void place(Position first, Position last, const int* order, const String& line);
 
-    // All changes of the list but those of a line's value.
-    YM_HIDDEN Position insert(Position before, String line);
+    // All changes of the list but those of a line's value, and what has to be called before any other change.
+    YM_HIDDEN void forget();
+    YM_HIDDEN Position insert(Position before, const String& line);
     YM_HIDDEN void erase(Position line);
     YM_HIDDEN void eraseSection(int number);
     YM_HIDDEN void clear();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstring>
 
 #include <tovik/String.h>
 
@@ -25,11 +26,13 @@ inline const char* valueOf(const String& line)
     return line.chars() + 2;
 }
 
-// Replaces a text by a part of a line. Unlike an assignment, this makes use of the memory that the text has already.
+// Replaces a text by a part of a line. Unlike an assignment of a substring, this makes use of the memory that the text
+// has already.
 inline void copyPart(const String& line, unsigned int start, unsigned int end, String* out)
 {
-    out->assign("");
-    out->append(line.chars() + start, end - start);
+    out->assign(line.chars() + start, end - start);
+    if (out->length() < end - start)
+        out->append("", 1); // a NUL at the end of the part belongs to it
 }
 
 // a=name:value, or a=name
@@ -48,6 +51,12 @@ inline void cut(const String& line, String* name, String* value)
 inline bool isEmpty(const String& text)
 {
     return *text.chars() == '\0';
+}
+
+// Most texts differ in their first character from the one that they are compared with.
+inline bool isText(const String& text, const char* word)
+{
+    return *text.chars() == *word && std::strcmp(text.chars(), word) == 0;
 }
 
 // A name, and its value behind a separator, if it has one.

@@ -3,7 +3,6 @@
 #include <sdp/SDPMedia.h>
 
 #include <cstdint>
-#include <cstring>
 #include <unordered_map>
 #include <utility>
 
@@ -140,17 +139,17 @@ void SDPMedia::setMediaType(const char* media)
 
 bool SDPMedia::isVideo()
 {
-    return std::strcmp(impl_->media.chars(), "video") == 0;
+    return isText(impl_->media, "video");
 }
 
 bool SDPMedia::isAudio()
 {
-    return std::strcmp(impl_->media.chars(), "audio") == 0;
+    return isText(impl_->media, "audio");
 }
 
 bool SDPMedia::isApplication()
 {
-    return std::strcmp(impl_->media.chars(), "application") == 0;
+    return isText(impl_->media, "application");
 }
 
 unsigned short SDPMedia::port()

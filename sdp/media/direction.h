@@ -1,9 +1,9 @@
 // The direction of a media stream, and the attributes that say it (RFC 8866, section 6.7).
 #pragma once
 
-#include <cstring>
-
 #include <tovik/String.h>
+
+#include "sdp/line/text.h"
 
 namespace ym::SDP {
 
@@ -26,7 +26,7 @@ inline const char* directionWord(Direction direction)
 inline bool isDirection(const String& attribute, Direction* direction)
 {
     for (int i = 0; i < 4; ++i) {
-        if (std::strcmp(attribute.chars(), directionWords[i]) != 0)
+        if (!isText(attribute, directionWords[i]))
             continue;
         if (direction)
             *direction = static_cast<Direction>(i);

@@ -3,6 +3,7 @@
 
 #include <tovik/PRegEx.h>
 
+#include "sdp/line/text.h"
 #include "sdp/media/direction.h"
 #include "sdp/parser/parser.h"
 
@@ -43,17 +44,15 @@ public:
     {
         if (isDirection(name, nullptr))
             media_.addAttr(name, value);
-        else if (is(name, "rtpmap"))
+        else if (isText(name, "rtpmap"))
             readMapping(value);
-        else if (is(name, "fmtp"))
+        else if (isText(name, "fmtp"))
             readFormat(value);
         else if (currentPayload_)
             currentPayload_->addAttr(name, value);
     }
 
 private:
-    static bool is(const String& name, const char* word) { return std::strcmp(name.chars(), word) == 0; }
-
     // a=rtpmap:96 L16/44100/2
     void readMapping(const String& value)
     {

@@ -46,9 +46,9 @@ constexpr bool haveCommon(const ByteSet& a, const ByteSet& b)
 }
 
 // The sets that patterns name without brackets.
-constexpr ByteSet space = anyOf(" \t\n\v\f\r");
-constexpr ByteSet notSpace = allBut(space);
-constexpr ByteSet digit = anyOf("0123456789");
-constexpr ByteSet notNewline = allBut(anyOf("\n"));
+inline constexpr ByteSet space = anyOf(" \t\n\v\f\r");
+inline constexpr ByteSet notSpace = allBut(space);
+inline constexpr ByteSet digit = anyOf("0123456789");
+inline constexpr ByteSet notNewline = allBut(anyOf("\n"));
 
 } // namespace ym::pregex

@@ -1,5 +1,7 @@
 #include "support/pregex/Matcher.h"
 
+#include <cstring>
+
 namespace ym::pregex {
 
 Matcher::Matcher(Pattern& pattern, std::string_view subject)
@@ -208,6 +210,10 @@ inline bool Matcher::takes(const Step& step, unsigned int at) const
 inline unsigned int Matcher::runEnd(const Step& step, unsigned int at) const
 {
     const unsigned int limit = step.kind == Step::Optional && at < length_ ? at + 1 : length_;
+    if (step.set == &notNewline) {
+        const void* const newline = at < limit ? std::memchr(subject_ + at, '\n', limit - at) : nullptr;
+        return newline ? static_cast<unsigned int>(static_cast<const unsigned char*>(newline) - subject_) : limit;
+    }
     if (step.set)
         while (at < limit && (*step.set)[subject_[at]])
             ++at;

@@ -33,10 +33,17 @@ public:
     int readLine(String* line);
 
 private:
-    YM_HIDDEN bool skipLineEnd();
+    YM_HIDDEN bool isMore();
+    YM_HIDDEN bool takeLineEnd();
+    YM_HIDDEN void takeLine(String* line);
 
     DataIO* stream_;
     unsigned long emptyLines_ = 0; // read already, and found to have text behind them
+
+    // What the stream shows, and how much of that is used. Between two calls there is nothing of it.
+    const char* begin_ = nullptr;
+    const char* at_ = nullptr;
+    const char* end_ = nullptr;
 };
 
 } // namespace ym
