@@ -1,5 +1,6 @@
 // The payloads of a media section, and its "b=" and "a=" lines.
 #include <memory>
+#include <optional>
 
 #include <tovik/PRegEx.h>
 
@@ -11,28 +12,33 @@ namespace ym::SDP {
 
 namespace {
 
-// The group of a pattern that takes white space off the end of a text; empty if there is nothing else.
-String trimmed(PRegEx& trim, const String& text)
-{
-    trim.match(text, 0);
-    return trim[1];
-}
-
 // minptime=10; useinbandfec=1
-void parseFormatParams(const String& text, SDPMediaPayload& payload)
-{
-    PRegEx separator(R"(\s*;\s*)", 0);
-    PRegEx parameter(R"(^\s*([^=]*)=\s*(.*)$)", 0);
-    PRegEx trim(R"((.*\S)\s*$)", 0);
-    const int n = separator.split(text, noLimit);
-    for (int i = 0; i < n; ++i) {
-        const String piece = separator[i];
-        if (parameter.match(piece, 0))
-            payload.addFormatParam(trimmed(trim, parameter[1]), trimmed(trim, parameter[2]));
-        else
-            payload.addFormatParam(piece, "");
+class FormatParams {
+public:
+    void read(const String& text, SDPMediaPayload& payload)
+    {
+        const int n = separator_.split(text, noLimit);
+        for (int i = 0; i < n; ++i) {
+            const String piece = separator_[i];
+            if (parameter_.match(piece, 0))
+                payload.addFormatParam(trimmed(parameter_[1]), trimmed(parameter_[2]));
+            else
+                payload.addFormatParam(piece, "");
+        }
     }
-}
+
+private:
+    // A text without the white space at its end; empty if there is nothing else.
+    String trimmed(const String& text)
+    {
+        trim_.match(text, 0);
+        return trim_[1];
+    }
+
+    PRegEx separator_{R"(\s*;\s*)", 0};
+    PRegEx parameter_{R"(^\s*([^=]*)=\s*(.*)$)", 0};
+    PRegEx trim_{R"((.*\S)\s*$)", 0};
+};
 
 // The "a=" lines of one section. They do not name the payload that they belong to, unless they are rtpmap or fmtp
 // lines: then they say so for the lines behind them as well.
@@ -63,8 +69,11 @@ private:
     // a=fmtp:96 minptime=10
     void readFormat(const String& value)
     {
-        if (goToPayload(value))
-            parseFormatParams(numbered_[2], *currentPayload_);
+        if (!goToPayload(value))
+            return;
+        if (!formatParams_)
+            formatParams_.emplace();
+        formatParams_->read(numbered_[2], *currentPayload_);
     }
 
     // 96 and what follows. False if there is no such payload, which leaves no current one, or no number.
@@ -79,6 +88,7 @@ private:
     SDPMedia& media_;
     SDPMediaPayload* currentPayload_;
     PRegEx numbered_{R"(^(\d+)\s+(.*)$)", 0};
+    std::optional<FormatParams> formatParams_; // made for the first line that needs it
 };
 
 // Calls `visit(name, value)` for the lines of a type that stand next to each other.

@@ -8,10 +8,10 @@ constexpr unsigned int maxGroups = 255;
 
 void addMembers(const Step& step, ByteSet& set)
 {
-    if (step.set)
-        addAll(set, *step.set);
-    else
+    if (!step.set)
         set[step.byte] = 1;
+    else
+        addAll(set, *step.set);
 }
 
 } // namespace
@@ -199,13 +199,17 @@ Pattern::Pattern(std::string_view text)
 
 bool Pattern::findFirst(ByteSet* first) const
 {
-    first->fill(0);
+    bool empty = true;
     for (const Step* step = steps(); step != steps() + nSteps(); ++step) {
         if (step->kind == Step::Begin || step->kind == Step::End)
             return false;
         if (!step->takesBytes())
             continue;
-        addMembers(*step, *first);
+        if (empty && step->set)
+            *first = *step->set; // the usual case, and faster than a union with nothing
+        else
+            addMembers(*step, empty ? * first = ByteSet{} : *first);
+        empty = false;
         if (step->kind == Step::Once || step->kind == Step::Plus)
             return true;
     }
