@@ -36,7 +36,12 @@ const char* findLineEnd(const char* begin, const char* end)
 } // namespace
 
 LineAdapter::LineAdapter(DataIO* stream, linebreak_mode, linebreak_mode, linebreak_mode) : stream_(stream) { }
-LineAdapter::~LineAdapter() = default;
+
+LineAdapter::~LineAdapter()
+{
+    if (at_ != begin_)
+        stream_->skip(static_cast<unsigned int>(at_ - begin_));
+}
 
 // Whether a byte lies ahead.
 bool LineAdapter::isMore()
@@ -60,35 +65,56 @@ bool LineAdapter::takeLineEnd()
     return true;
 }
 
-void LineAdapter::takeLine(String* line)
+void LineAdapter::takeLine(const char** line, unsigned int* length)
 {
-    while (isMore()) {
-        const char* const lineEnd = findLineEnd(at_, end_);
-        line->append(at_, static_cast<unsigned int>(lineEnd - at_));
+    const char* lineEnd = findLineEnd(at_, end_);
+    *line = at_;
+    *length = static_cast<unsigned int>(lineEnd - at_);
+    at_ = lineEnd;
+    if (lineEnd != end_ && (*lineEnd == '\n' || lineEnd + 1 != end_)) {
+        takeLineEnd();
+        return;
+    }
+    // The stream has to be asked for more, and may then take back what it has shown.
+    parts_.assign("");
+    parts_.append(*line, *length);
+    while (isMore() && !endsLine(*at_)) {
+        lineEnd = findLineEnd(at_, end_);
+        parts_.append(at_, static_cast<unsigned int>(lineEnd - at_));
         at_ = lineEnd;
-        if (lineEnd != end_)
-            break;
     }
     takeLineEnd();
+    *line = parts_.chars();
+    *length = parts_.length();
 }
 
-int LineAdapter::readLine(String* line)
+int LineAdapter::readLine(const char** line, unsigned int* length)
 {
     // Whether an empty line counts shows only behind the last of its neighbours.
     if (emptyLines_ == 0)
         while (takeLineEnd())
             ++emptyLines_;
-    const bool found = isMore();
-    if (found) {
-        line->assign("");
-        if (emptyLines_ > 0)
-            --emptyLines_;
-        else
-            takeLine(line);
+    if (!isMore())
+        return 0;
+    if (emptyLines_ == 0) {
+        takeLine(line, length);
+        return 1;
     }
-    stream_->skip(static_cast<unsigned int>(at_ - begin_));
-    begin_ = at_ = end_ = nullptr;
-    return found ? 1 : 0;
+    --emptyLines_;
+    *line = "";
+    *length = 0;
+    return 1;
+}
+
+int LineAdapter::readLine(String* line)
+{
+    const char* bytes = nullptr;
+    unsigned int length = 0;
+    if (readLine(&bytes, &length) == 0)
+        return 0;
+    line->assign("");
+    line->append(bytes, length);
+    return 1;
 }
 
 } // namespace ym

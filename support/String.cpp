@@ -67,13 +67,23 @@ void String::setLength(unsigned int length)
 
 void String::release()
 {
-    if (!isOwn())
+    if (!isOwn() && !isInPlace())
         delete[] text_;
+}
+
+// Empties a string that has no memory of its own.
+void String::leavePlace()
+{
+    text_ = own_;
+    capacity_ = ownCapacity;
+    setLength(0);
 }
 
 // The bytes may be a part of this string.
 void String::replace(const char* bytes, std::size_t n)
 {
+    if (isInPlace())
+        leavePlace();
     if (n <= capacity_) {
         if (n > 0)
             std::memmove(text_, bytes, n);
@@ -95,6 +105,8 @@ void String::add(const char* bytes, std::size_t n)
 {
     if (n == 0)
         return;
+    if (isInPlace())
+        *this = String(*this);
     if (n <= capacity_ - length_) {
         std::memcpy(text_ + length_, bytes, n);
         setLength(length_ + static_cast<unsigned int>(n));
@@ -144,6 +156,15 @@ String::String(const char* text) : String()
 String::String(const String& other) : String()
 {
     replace(other.text_, other.length_);
+}
+
+String String::inPlace(const char* text, unsigned int length)
+{
+    String string;
+    string.text_ = const_cast<char*>(text); // never written to, since there is no capacity
+    string.length_ = length;
+    string.capacity_ = 0;
+    return string;
 }
 
 String::String(String&& other) noexcept

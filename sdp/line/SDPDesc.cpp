@@ -38,9 +38,9 @@ String attrLine(char type, const String& name, const String& value)
 }
 
 // Whether a line may come in: of a known type, with a value.
-bool isKept(const String& line)
+bool isKept(const char* line, unsigned int length)
 {
-    return hasValue(line) && line.chars()[1] == '=' && Impl::rank(Impl::revorder_session, typeOf(line)) >= 0;
+    return length >= 2 && line[1] == '=' && Impl::rank(Impl::revorder_session, *line) >= 0;
 }
 
 // What the session level and the sections have in common
@@ -100,22 +100,23 @@ SDPDesc::~SDPDesc() = default;
 
 int SDPDesc::parse(const String& text)
 {
-    MemoryIO stream(text.chars(), text.length());
+    const char* const block = impl_->keep(text);
+    MemoryIO stream(block, text.length());
     LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
+    const char* line = nullptr;
+    unsigned int length = 0;
     impl_->forget();
-    for (;;) {
-        Impl::Lines next(1); // a line is read where it is going to stay
-        if (reader.readLine(&next.back()) <= 0)
-            return 0;
-        if (!isKept(next.back()))
+    while (reader.readLine(&line, &length) > 0) {
+        if (!isKept(line, length))
             return -1;
-        impl_->lines.splice(impl_->lines.end(), next);
+        impl_->append(line, length);
     }
+    return 0;
 }
 
 int SDPDesc::parseLine(const String& line)
 {
-    if (!isKept(line))
+    if (!isKept(line.chars(), line.length()))
         return -1;
     impl_->insert(impl_->lines.end(), line);
     return 0;

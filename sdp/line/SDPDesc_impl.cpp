@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <limits>
 
 #include "sdp/line/text.h"
@@ -29,7 +30,7 @@ void fillRanks(const char* order, int* ranks, std::size_t size)
 
 } // namespace
 
-Impl::SDPDesc_impl()
+Impl::SDPDesc_impl() : lines(NodeAllocator<String>(&nodes_))
 {
     if (init)
         return;
@@ -216,6 +217,29 @@ void Impl::setNumbered(int section, int n, const String& line, char type)
 
 // Changes
 
+const char* Impl::keep(const String& text)
+{
+    // One byte more, for the NUL behind a last line without a line end.
+    Text copy = {std::unique_ptr<char[]>(new char[text.length() + std::size_t{1}]), text.length()};
+    std::memcpy(copy.bytes.get(), text.chars(), text.length());
+    texts_.push_back(std::move(copy));
+    return texts_.back().bytes.get();
+}
+
+void Impl::append(const char* line, unsigned int length)
+{
+    const Text& text = texts_.back();
+    char* const begin = text.bytes.get();
+    if (std::less<>()(line, begin) || std::less<>()(begin + text.length, line)) {
+        String copy;
+        copy.append(line, length);
+        lines.push_back(std::move(copy));
+        return;
+    }
+    begin[line - begin + length] = '\0'; // over the line end, which is read already
+    lines.push_back(String::inPlace(line, length));
+}
+
 void Impl::place(Position first, Position last, const int* order, const String& line)
 {
     const int newRank = rank(order, typeOf(line));
@@ -259,6 +283,8 @@ void Impl::eraseSection(int number)
 void Impl::clear()
 {
     lines.clear();
+    nodes_.release();
+    texts_.clear();
     forget();
 }
 

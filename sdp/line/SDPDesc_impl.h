@@ -4,15 +4,19 @@
 #include <deque>
 #include <list>
 #include <map>
+#include <memory>
+#include <vector>
 
 #include <sdp/SDPDesc.h>
 #include <tovik/String.h>
 #include <tovik/export.h>
 
+#include "sdp/line/NodePool.h"
+
 namespace ym::SDP {
 
 struct YM_EXPORT SDPDesc::SDPDesc_impl {
-    using Lines = std::list<String>;
+    using Lines = std::list<String, NodeAllocator<String>>;
     using Position = Lines::iterator;
 
     // The line types in canonical order, and the rank of each 7-bit type in it, -1 for a type without one.
@@ -28,6 +32,7 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     Lines lines;
 
     SDPDesc_impl();
+    ~SDPDesc_impl() { lines.clear(); } // while their memory is there
 
     // Line number n of a type, counted from `position`, that stands before the next "m=" line, or the end of the list.
     // The type m counts "m=" lines and is not stopped by them.
@@ -75,7 +80,13 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     // the first one of a higher rank.
     YM_HIDDEN void place(Position first, Position last, const int* order, const String& line);
 
-    // All changes of the list but those of a line's value, and what has to be called before any other change.
+    // A copy of a text that lives as long as its lines may be in the list.
+    YM_HIDDEN const char* keep(const String& text);
+
+    // Adds a line of the text that was kept last. Its place in that is the place of the line: no copy is made of it.
+    YM_HIDDEN void append(const char* line, unsigned int length);
+
+    // All other changes of the list but those of a line's value, and what has to be called before any other change.
     YM_HIDDEN void forget();
     YM_HIDDEN Position insert(Position before, const String& line);
     YM_HIDDEN void erase(Position line);
@@ -102,6 +113,14 @@ private:
     YM_HIDDEN Position firstNumbered(int section, char type);
     YM_HIDDEN const std::deque<Position>& sections();
     YM_HIDDEN void forgetLines();
+
+    // The memory of the list and of its texts.
+    NodePool nodes_;
+    struct Text {
+        std::unique_ptr<char[]> bytes;
+        unsigned int length;
+    };
+    std::vector<Text> texts_;
 
     // The places below are found when they are asked for. When a line comes or goes, they are forgotten, but for the
     // "m=" lines if it is none of those.

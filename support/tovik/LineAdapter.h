@@ -18,7 +18,7 @@ public:
         LinebreakCRLF = 3,
     };
 
-    // A reader over `stream`, which must outlive it and which it does not own.
+    // A reader over `stream`, which must outlive it, which it does not own, and which nobody else reads meanwhile.
     LineAdapter(DataIO* stream, linebreak_mode input, linebreak_mode output, linebreak_mode fallback);
     ~LineAdapter();
 
@@ -32,18 +32,25 @@ public:
     // more text behind it is.
     int readLine(String* line);
 
+    // The same, without a copy where the stream shows the whole line at once: `*line` points to `*length` bytes in the
+    // stream, or in memory of the reader where the stream shows the line in parts. They stay valid until the next
+    // call, or as long as the stream says. Neither pointer may be null.
+    int readLine(const char** line, unsigned int* length);
+
 private:
     YM_HIDDEN bool isMore();
     YM_HIDDEN bool takeLineEnd();
-    YM_HIDDEN void takeLine(String* line);
+    YM_HIDDEN void takeLine(const char** line, unsigned int* length);
 
     DataIO* stream_;
     unsigned long emptyLines_ = 0; // read already, and found to have text behind them
 
-    // What the stream shows, and how much of that is used. Between two calls there is nothing of it.
+    // What the stream shows, and how much of that is used.
     const char* begin_ = nullptr;
     const char* at_ = nullptr;
     const char* end_ = nullptr;
+
+    String parts_; // a line that the stream shows in parts
 };
 
 } // namespace ym

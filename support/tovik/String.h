@@ -23,6 +23,11 @@ public:
     String(String&& other) noexcept; // leaves `other` empty
     ~String();
 
+    // A string that reads `length` bytes where they stand, without a copy. A NUL must stand behind them, and both must
+    // outlive the string and whatever it is moved to. Copies are independent, and a change gives the string memory of
+    // its own.
+    static String inPlace(const char* text, unsigned int length);
+
     String& operator=(const char* text);
     String& operator=(const String& other);
     String& operator=(String&& other) noexcept; // leaves `other` empty
@@ -72,15 +77,17 @@ private:
     static constexpr unsigned int ownCapacity = 15;
 
     YM_HIDDEN bool isOwn() const { return text_ == own_; }
+    YM_HIDDEN bool isInPlace() const { return capacity_ == 0; }
     YM_HIDDEN void setLength(unsigned int length);
+    YM_HIDDEN void leavePlace();
     YM_HIDDEN void replace(const char* bytes, std::size_t n);
     YM_HIDDEN void add(const char* bytes, std::size_t n);
     YM_HIDDEN void takeOver(String& other);
     YM_HIDDEN void release();
 
-    char* text_;            // in own_, or on the heap
+    char* text_;            // in own_, or on the heap, or where somebody else keeps it
     unsigned int length_;   // the NUL behind the text is not counted
-    unsigned int capacity_; // nor here
+    unsigned int capacity_; // nor here; 0 for a text in place
     char own_[ownCapacity + 1];
 };
 
