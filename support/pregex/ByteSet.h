@@ -34,7 +34,7 @@ constexpr void addAll(ByteSet& set, const ByteSet& members)
 constexpr void removeAll(ByteSet& set, const ByteSet& members)
 {
     for (std::size_t c = 0; c < set.size(); ++c)
-        set[c] &= !members[c];
+        set[c] = set[c] > members[c];
 }
 
 constexpr bool haveCommon(const ByteSet& a, const ByteSet& b)

@@ -100,10 +100,10 @@ inline bool Matcher::advance(const Step& step, unsigned int* at)
     case Step::End:
         return *at == length_;
     case Step::Open:
-        groups_[step.group].start = *at;
+        groups_[step.number].start = *at;
         return true;
     case Step::Close:
-        groups_[step.group].end = *at;
+        groups_[step.number].end = *at;
         return true;
     case Step::Once:
         return takes(step, (*at)++);
@@ -218,7 +218,7 @@ inline unsigned int Matcher::runEnd(const Step& step, unsigned int at) const
         while (at < limit && (*step.set)[subject_[at]])
             ++at;
     else
-        while (at < limit && subject_[at] == step.byte)
+        while (at < limit && subject_[at] == step.number)
             ++at;
     return at;
 }

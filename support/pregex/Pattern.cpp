@@ -9,7 +9,7 @@ constexpr unsigned int maxGroups = 255;
 void addMembers(const Step& step, ByteSet& set)
 {
     if (!step.set)
-        set[step.byte] = 1;
+        set[step.number] = 1;
     else
         addAll(set, *step.set);
 }
@@ -51,7 +51,7 @@ private:
         case ')':
             return close();
         case '.':
-            return add(readRepetition(), 0, 0, &notNewline);
+            return add(readRepetition(), 0, &notNewline);
         case '\\':
             return addSet(readClass());
         case '[':
@@ -63,7 +63,7 @@ private:
         case '{':
             return false;
         default:
-            return add(readRepetition(), 0, c);
+            return add(readRepetition(), c);
         }
     }
 
@@ -171,17 +171,17 @@ private:
             if (step->kind == Step::Close)
                 ++closed;
             else if (step->kind == Step::Open && closed-- == 0)
-                return add(Step::Close, step->group);
+                return add(Step::Close, step->number);
         }
     }
 
-    bool add(Step::Kind kind, unsigned int group = 0, unsigned char byte = 0, const ByteSet* set = nullptr)
+    bool add(Step::Kind kind, unsigned int number = 0, const ByteSet* set = nullptr)
     {
-        *step_++ = {kind, static_cast<unsigned char>(group), byte, false, set};
+        *step_++ = {kind, number, set, false};
         return true;
     }
 
-    bool addSet(const ByteSet* set) { return set && add(readRepetition(), 0, 0, set); }
+    bool addSet(const ByteSet* set) { return set && add(readRepetition(), 0, set); }
 
     char peek() const { return next_ == end_ ? '\0' : *next_; }
 

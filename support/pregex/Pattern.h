@@ -12,7 +12,7 @@ namespace ym::pregex {
 
 // One element of a pattern, with its repetition.
 struct Step {
-    enum Kind : unsigned char {
+    enum Kind : unsigned int {
         Begin,    // ^
         End,      // $
         Open,     // (
@@ -24,14 +24,13 @@ struct Step {
     };
 
     Kind kind;
-    unsigned char group; // of Open and Close
-    unsigned char byte;  // of the others that take a byte: the one that they take, if they have no set
-    bool firm;           // of a repetition, once studied: being shorter than it can be is of no use to what follows
+    unsigned int number; // of Open and Close: the group; of Once and all behind it: the byte, if there is no set
     const ByteSet* set;
+    bool firm; // of a repetition, once studied: being shorter than it can be is of no use to what follows
 
     bool takesBytes() const { return kind >= Once; }
     bool repeats() const { return kind >= Optional; }
-    bool takes(unsigned char c) const { return set ? (*set)[c] != 0 : c == byte; }
+    bool takes(unsigned char c) const { return set ? (*set)[c] != 0 : c == number; }
 };
 
 // The steps of a pattern, which have to match one behind the other.

@@ -50,7 +50,7 @@ private:
     YM_HIDDEN const State& state() const;
 
     // Holds the State, which would otherwise cost a trip to the heap for every pattern.
-    alignas(8) unsigned char storage_[2048];
+    alignas(8) unsigned char storage_[2688];
 };
 
 } // namespace ym
