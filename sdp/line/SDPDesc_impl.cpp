@@ -67,26 +67,27 @@ Impl::Position Impl::skip_until_mediadesc(Position position, int n)
     return skip_until_attribute(position, n, 'm');
 }
 
-const std::deque<Impl::Position>& Impl::sections()
+void Impl::findSections()
 {
-    if (!sectionsKnown_) {
-        sections_.clear();
-        for (auto at = skip_until_mediadesc(lines.begin(), 0); at != lines.end(); at = skip_until_mediadesc(++at, 0))
-            sections_.push_back(at);
-        sectionsKnown_ = true;
-    }
-    return sections_;
+    if (sectionsKnown_)
+        return;
+    sections_.clear();
+    nGone_ = 0;
+    for (auto at = skip_until_mediadesc(lines.begin(), 0); at != lines.end(); at = skip_until_mediadesc(++at, 0))
+        sections_.push_back(at);
+    sectionsKnown_ = true;
 }
 
 int Impl::nSections()
 {
-    return static_cast<int>(sections().size());
+    findSections();
+    return static_cast<int>(sections_.size() - nGone_);
 }
 
 Impl::Position Impl::section(int number)
 {
-    const auto index = static_cast<std::size_t>(std::max(number, 0));
-    return index < sections().size() ? sections()[index] : lines.end();
+    number = std::max(number, 0);
+    return number < nSections() ? sections_[nGone_ + static_cast<std::size_t>(number)] : lines.end();
 }
 
 Impl::Position Impl::levelEnd(int section)
@@ -104,7 +105,7 @@ Impl::Position Impl::find(int section, char type)
 
 Impl::Position Impl::findBehind(int section, char type)
 {
-    const int last = notes_[type].lastSection;
+    const int last = notes(type).lastSection;
     Position at = last >= session && last < section ? lines.end() : this->section(section);
     while (at != lines.end() && typeOf(*at) != type)
         ++at;
@@ -115,7 +116,7 @@ Impl::Position Impl::findBehind(int section, char type)
 
 int Impl::lastSection(char type)
 {
-    int& last = notes_[type].lastSection;
+    int& last = notes(type).lastSection;
     if (last >= session)
         return last;
     int section = session;
@@ -131,9 +132,18 @@ int Impl::lastSection(char type)
 
 // Runs
 
+Impl::Notes& Impl::notes(char type)
+{
+    for (Notes& notes : notes_)
+        if (notes.type == type)
+            return notes;
+    notes_.emplace_back(type);
+    return notes_.back();
+}
+
 Impl::Run& Impl::run(int section, char type)
 {
-    Run& run = section == session ? sessionRun_ : notes_[type].run;
+    Run& run = section == session ? sessionRun_ : notes(type).run;
     if (run.section != section) {
         run = Run();
         run.section = section;
@@ -276,7 +286,10 @@ void Impl::erase(Position line)
 void Impl::eraseSection(int number)
 {
     lines.erase(section(number), levelEnd(number));
-    sections_.erase(sections_.begin() + number);
+    if (number == 0)
+        ++nGone_; // so that removing all of them, one by one, does not move the others each time
+    else
+        sections_.erase(sections_.begin() + static_cast<std::ptrdiff_t>(nGone_) + number);
     forgetLines();
 }
 

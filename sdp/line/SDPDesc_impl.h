@@ -1,9 +1,7 @@
 // The lines of a description, and the walks over them.
 #pragma once
 
-#include <deque>
 #include <list>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -105,13 +103,17 @@ private:
 
     // What is known of the lines of a type.
     struct Notes {
+        char type;
         Run run;
-        int lastSection = -2; // not looked for yet
+        int lastSection = session - 1; // not looked for yet
+
+        explicit Notes(char t) : type(t) { }
     };
 
+    YM_HIDDEN Notes& notes(char type);
     YM_HIDDEN Run& run(int section, char type);
     YM_HIDDEN Position firstNumbered(int section, char type);
-    YM_HIDDEN const std::deque<Position>& sections();
+    YM_HIDDEN void findSections();
     YM_HIDDEN void forgetLines();
 
     // The memory of the list and of its texts.
@@ -124,10 +126,11 @@ private:
 
     // The places below are found when they are asked for. When a line comes or goes, they are forgotten, but for the
     // "m=" lines if it is none of those.
-    std::deque<Position> sections_; // the "m=" lines
+    std::vector<Position> sections_; // the "m=" lines, behind those of sections that are gone
+    std::size_t nGone_ = 0;
     bool sectionsKnown_ = false;
     Run sessionRun_;
-    std::map<char, Notes> notes_;
+    std::vector<Notes> notes_; // of the few types that were asked for
 };
 
 } // namespace ym::SDP

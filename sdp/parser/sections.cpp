@@ -22,6 +22,7 @@ Formats readFormats(const String& list)
     PRegEx pattern(R"(\s* \s*)", 0);
     Formats formats;
     const int n = pattern.split(list, noLimit);
+    formats.reserve(static_cast<std::size_t>(n));
     for (int i = 0; i < n; ++i)
         formats.push_back(pattern[i].toUInt16(nullptr, 10));
     return formats;
