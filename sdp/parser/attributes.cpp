@@ -1,4 +1,5 @@
 // The payloads of a media section, and its "b=" and "a=" lines.
+#include <cstring>
 #include <memory>
 #include <optional>
 
@@ -31,8 +32,15 @@ private:
     // A text without the white space at its end; empty if there is nothing else.
     String trimmed(const String& text)
     {
+        if (!endsInSpace(text))
+            return text; // as nearly all do
         trim_.match(text, 0);
         return trim_[1];
+    }
+
+    static bool endsInSpace(const String& text)
+    {
+        return text.length() > 0 && std::strchr(" \t\n\v\f\r", text.chars()[text.length() - 1]);
     }
 
     PRegEx separator_{R"(\s*;\s*)", 0};
