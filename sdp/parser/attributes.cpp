@@ -1,4 +1,5 @@
 // The payloads of a media section, and its "b=" and "a=" lines.
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <optional>
@@ -108,11 +109,29 @@ template <class Visit> void eachLine(SDPDesc& desc, int section, char type, Visi
         visit(name, value);
 }
 
+// The numbers without those that come again further behind. Of a number that an "m=" line repeats, only the last
+// payload stays, and a long line may do that a million times.
+Formats lastOfEach(const Formats& formats)
+{
+    constexpr std::size_t shortList = 64;
+    if (formats.size() <= shortList)
+        return formats;
+    std::vector<bool> seen(65536);
+    Formats last;
+    for (auto number = formats.rbegin(); number != formats.rend(); ++number) {
+        if (!seen[*number])
+            last.push_back(*number);
+        seen[*number] = true;
+    }
+    std::reverse(last.begin(), last.end());
+    return last;
+}
+
 // Gives the payload of the last number, or null if there is none.
 SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 {
     SDPMediaPayload* last = nullptr;
-    for (const std::uint16_t number : formats) {
+    for (const std::uint16_t number : lastOfEach(formats)) {
         auto payload = std::make_unique<SDPMediaPayload>();
         payload->setPayloadNo(number);
         last = payload.release();

@@ -9,13 +9,6 @@ namespace ym::SDP {
 
 namespace {
 
-struct MediaLine {
-    String mediaType;
-    std::uint16_t port = 0;
-    String transport;
-    Formats formats;
-};
-
 // 0 8 96
 Formats readFormats(const String& list)
 {
@@ -29,13 +22,17 @@ Formats readFormats(const String& list)
 }
 
 // m=audio 49170 RTP/AVP 0 8 96
-bool parseMediaLine(const String& value, MediaLine* line)
+std::unique_ptr<SDPMedia> parseMediaLine(const String& value, Formats* formats)
 {
     PRegEx pattern(R"(^(\S+)\s+(\d+)\s+(\S+)\s+(.*)$)", 0);
     if (!pattern.match(value, 0))
-        return false;
-    *line = {pattern[1], pattern[2].toUInt16(nullptr, 10), pattern[3], readFormats(pattern[4])};
-    return true;
+        return nullptr;
+    auto media = std::make_unique<SDPMedia>();
+    media->setMediaType(pattern[1].chars());
+    media->setPort(pattern[2].toUInt16(nullptr, 10));
+    media->setTransport(pattern[3].chars());
+    *formats = readFormats(pattern[4]);
+    return media;
 }
 
 // c=IN IP4 224.2.1.1/127
@@ -50,19 +47,18 @@ void readSectionConnection(const String& value, SDPMedia& media)
     media.setConnection(line.connection.netType, line.connection.addrType, address);
 }
 
+// Null for a section whose "m=" line can not be read.
 std::unique_ptr<SDPMedia> parseSection(SDPDesc& desc, int section)
 {
     String value;
-    MediaLine line;
-    if (desc.media(section, 'm', &value) != 0 || !parseMediaLine(value, &line))
+    Formats formats;
+    desc.media(section, 'm', &value);
+    auto media = parseMediaLine(value, &formats);
+    if (!media)
         return nullptr;
-    auto media = std::make_unique<SDPMedia>();
-    media->setMediaType(line.mediaType.chars());
-    media->setPort(line.port);
-    media->setTransport(line.transport.chars());
     if (desc.media(section, 'c', &value) == 0)
         readSectionConnection(value, *media);
-    parseMediaAttributes(desc, section, *media, line.formats);
+    parseMediaAttributes(desc, section, *media, formats);
     return media;
 }
 

@@ -128,58 +128,73 @@ bool Matcher::searchByTable(unsigned int from)
     if (table_.empty())
         fillTable();
     for (unsigned int start = from; start <= length_; ++start)
-        if (table_[0][start]) {
+        if (isInTable(0, start)) {
             followTable(start);
             return true;
         }
     return false;
 }
 
+bool Matcher::isInTable(unsigned int step, unsigned int at) const
+{
+    return (table_[step][at / 64] >> (at % 64) & 1) != 0;
+}
+
 void Matcher::fillTable()
 {
     const unsigned int nSteps = pattern_.nSteps();
-    table_.assign(nSteps + 1, std::vector<bool>(length_ + std::size_t{1}));
-    table_[nSteps].assign(length_ + std::size_t{1}, true);
+    table_.resize(nSteps + 1);
+    table_[nSteps].assign(length_ / 64 + 1, ~std::uint64_t{0});
     for (unsigned int step = nSteps; step-- > 0;)
         fillRow(step);
 }
 
 void Matcher::fillRow(unsigned int step)
 {
-    const Step& now = pattern_.steps()[step];
-    const std::vector<bool>& next = table_[step + 1];
-    std::vector<bool>& row = table_[step];
-    bool again = false; // whether this step matches from the position behind
-    bool after = false; // whether the next one does
-    for (std::size_t at = length_ + std::size_t{1}; at-- > 0;) {
-        const bool here = next[at];
-        const bool taken = now.takesBytes() && takes(now, static_cast<unsigned int>(at));
-        switch (now.kind) {
-        case Step::Begin:
-            again = here && at == 0;
-            break;
-        case Step::End:
-            again = here && at == length_;
-            break;
-        case Step::Open:
-        case Step::Close:
-            again = here;
-            break;
-        case Step::Once:
-            again = taken && after;
-            break;
-        case Step::Optional:
-            again = here || (taken && after);
-            break;
-        case Step::Star:
-            again = here || (taken && again);
-            break;
-        case Step::Plus:
-            again = taken && (after || again);
-            break;
+    // `here` and `behind`: whether the next step matches from a position and from the one behind it; `again`: whether
+    // this one matches from the one behind it; `taken`: whether this one takes the byte at the position.
+    switch (pattern_.steps()[step].kind) {
+    case Step::Begin:
+        return fillRow(step, [](bool here, bool, bool, bool, unsigned int at) { return here && at == 0; });
+    case Step::End:
+        return fillRow(step, [this](bool here, bool, bool, bool, unsigned int at) { return here && at == length_; });
+    case Step::Open:
+    case Step::Close:
+        table_[step] = table_[step + 1];
+        return;
+    case Step::Once:
+        return fillRow(step, [](bool, bool behind, bool, bool taken, unsigned int) { return taken & behind; });
+    case Step::Optional:
+        return fillRow(step,
+                       [](bool here, bool behind, bool, bool taken, unsigned int) { return here | (taken & behind); });
+    case Step::Star:
+        return fillRow(step,
+                       [](bool here, bool, bool again, bool taken, unsigned int) { return here | (taken & again); });
+    case Step::Plus:
+        return fillRow(
+            step, [](bool, bool behind, bool again, bool taken, unsigned int) { return taken & (behind | again); });
+    }
+}
+
+// Fills a row from its end to its beginning, a word at a time.
+template <class Rule> void Matcher::fillRow(unsigned int step, Rule rule)
+{
+    const Step now = pattern_.steps()[step];
+    const Row& next = table_[step + 1];
+    Row& row = table_[step];
+    row.resize(next.size());
+    bool behind = false;
+    bool again = false;
+    for (std::size_t word = row.size(); word-- > 0;) {
+        std::uint64_t bits = 0;
+        for (unsigned int bit = 64; bit-- > 0;) {
+            const auto at = static_cast<unsigned int>(word * 64 + bit);
+            const bool here = at <= length_ && (next[word] >> bit & 1) != 0;
+            again = rule(here, behind, again, at < length_ && now.takes(subject_[at]), at);
+            bits |= std::uint64_t{again} << bit;
+            behind = here;
         }
-        row[at] = again;
-        after = here;
+        row[word] = bits;
     }
 }
 
@@ -191,7 +206,7 @@ void Matcher::followTable(unsigned int start)
         const Step& now = pattern_.steps()[step];
         if (now.repeats()) {
             const unsigned int most = runEnd(now, at);
-            for (at = most; !table_[step + 1][at];)
+            for (at = most; !isInTable(step + 1, at);)
                 --at;
         } else if (now.kind == Step::Once) {
             ++at;

@@ -1,6 +1,7 @@
 // Finds a pattern in a subject.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -51,6 +52,8 @@ private:
     bool searchByTable(unsigned int from);
     void fillTable();
     void fillRow(unsigned int step);
+    template <class Rule> void fillRow(unsigned int step, Rule rule);
+    bool isInTable(unsigned int step, unsigned int at) const;
     void followTable(unsigned int start);
     bool takes(const Step& step, unsigned int at) const;
     unsigned int runEnd(const Step& step, unsigned int at) const;
@@ -68,7 +71,8 @@ private:
         AtFirst
     } start_ = Unknown; // where matches can begin
     ByteSet first_;
-    std::vector<std::vector<bool>> table_; // [step][position]: do this step and all behind it match from there?
+    using Row = std::vector<std::uint64_t>; // one bit for each position
+    std::vector<Row> table_;                // for each step: do this step and all behind it match from a position?
 };
 
 } // namespace ym::pregex
