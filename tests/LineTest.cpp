@@ -1,0 +1,376 @@
+// The line view: operations as words, "set c N", on lists of lines written in one row, "m=1 a=x".
+#include <algorithm>
+#include <functional>
+#include <list>
+#include <map>
+#include <random>
+#include <utility>
+
+#include <sdp/SDPDesc.h>
+
+#include "sdp/line/SDPDesc_impl.h"
+#include "support.h"
+
+using namespace test;
+using namespace ym::SDP;
+using ym::String;
+
+namespace {
+
+char byChar(char type)
+{
+    return type;
+}
+
+Field byField(char type)
+{
+    return fieldId(type);
+}
+
+template <class List, class Type> std::string run(List& d, const std::string& commands, Type (*as)(char))
+{
+    return outcomes(commands, [&](const std::vector<std::string>& w, String* a, String* b) {
+        const auto n = [&](std::size_t i) { return std::stoi(w[i]); };
+        const auto s = [&](std::size_t i) { return bytes(w[i]); };
+        const auto c = [&](std::size_t i) { return w[i] == "0" ? '\0' : w[i][0]; };
+        const auto t = [&](std::size_t i) { return as(c(i)); };
+        const std::map<std::string, std::function<int()>> operations
+            = {{"parse", [&] { return d.parse(unbarred(w[1])); }},
+               {"parseLine", [&] { return d.parseLine(s(1)); }},
+               {"generate", [&] { return d.generate(a); }},
+               {"set", [&] { return d.set(t(1), s(2)); }},
+               {"get", [&] { return d.get(t(1), a); }},
+               {"remove", [&] { return d.remove(t(1)); }},
+               {"has", [&] { return d.has(t(1)); }},
+               {"nAttr", [&] { return d.nAttr(); }},
+               {"setAttr", [&] { return d.setAttr(n(1), s(2), s(3)); }},
+               {"attr", [&] { return d.attr(n(1), a, b); }},
+               {"removeAttr", [&] { return d.removeAttr(n(1)); }},
+               {"hasAttr", [&] { return d.hasAttr(s(1)); }},
+
+               // Media sections
+               {"nMedia", [&] { return d.nMedia(); }},
+               {"setMedia", [&] { return d.setMedia(n(1), t(2), s(3)); }},
+               {"media", [&] { return d.media(n(1), t(2), a); }},
+               {"removeMedia", [&] { return d.removeMedia(n(1), t(2)); }},
+               {"hasMedia", [&] { return d.hasMedia(n(1), t(2)); }},
+               {"nMediaAttr", [&] { return d.nMediaAttr(n(1), c(2)); }},
+               {"setMediaAttr", [&] { return d.setMediaAttr(n(1), n(2), s(4), s(5), c(3)); }},
+               {"mediaAttr", [&] { return d.mediaAttr(n(1), n(2), a, b, c(3)); }},
+               {"removeMediaAttr", [&] { return d.removeMediaAttr(n(1), n(2), c(3)); }},
+               {"hasMediaAttr", [&] { return d.hasMediaAttr(n(1), s(3), c(2)); }}};
+        return operations.at(w[0])();
+    });
+}
+
+struct Row {
+    const char* before; // what stands behind "v= o= s= "
+    const char* commands;
+    const char* results;
+    const char* after = nullptr; // null if the list stays as it is
+};
+
+template <class Type> void check(const Row& row, Type (*as)(char))
+{
+    SCOPED_TRACE(std::string(row.commands) + " on " + row.before);
+    const std::string head = "v= o= s= ";
+    SDPDesc list(" ");
+    ASSERT_EQ(0, list.parse(bytes(replaced(head + row.before, " ", "\n"))));
+    EXPECT_EQ(row.results, run(list, row.commands, as));
+    EXPECT_EQ(replaced(head + (row.after ? row.after : row.before) + " ", "  ", " "), run(list, "generate", as));
+}
+
+TEST(SDPDesc, ReadsAndChangesLines)
+{
+    const Row rows[] = {
+        {"c=1 c=2 i= m=3 b=4 m=5", "get c; get i; get m; get b; get 0; get k", "1  3 -1 -1 -1"},
+        {"c=1 m=3 b=4 m=5", "has c; has b; has m; has k; has 0; has =", "1 1 1 0 0 0"},
+        {"a=n:x:y a=:x a=n a= m=1 a=s", "attr 0; attr 1; attr 2; attr 3; attr 4; attr -1", "n:x:y :x n: : -1 -1"},
+        {"a=p a=p:1 a=P b=q a=p m=1 a=p", "nAttr; hasAttr p; hasAttr P; hasAttr q; hasMediaAttr 0 a p", "4 2 1 0 1"},
+        {"c=1 a=2", "nMedia; media 0 m; media -1 c; hasMedia 0 c; nMediaAttr 0 a; hasMediaAttr 0 a 2", "0 -1 -1 0 0 0"},
+        {"m=1 c=1 m=2 c=2 c= m=3", "nMedia; media 1 c; media -1 m; media 2 m; media 2 c; media 3 m", "3 2 1 3 -1 -1"},
+        {"m=1 m=2 c=", "media 0 c; media 1 c; hasMedia 0 c; hasMedia 2 c; hasMedia -1 m", "-1  1 0 1"},
+        {"a=0 m=1 a=1 b=1 a=2 m=2 a=3", "nMediaAttr 0 a; nMediaAttr -1 b; nMediaAttr 2 a; nMediaAttr 0 m", "2 1 0 0"},
+        {"m=1 b=A:8:9 b=A a=p m=2 a=q", "mediaAttr -7 0 b; mediaAttr 0 1 b; mediaAttr 0 2 b; mediaAttr 0 -1 b",
+         "A:8:9 A: -1 -1"},
+
+        // Changes
+        {"", "parse c=1|m=|s=2|; parse; parse t=|", "0 0 0", "c=1 m= s=2 t="},
+        {"", "parse c=1|x=1|t=2|; parse t=1||t=2|", "-1 -1", "c=1 t=1"},
+        {"t=1", "parseLine c; parseLine; parseLine c/=0; parseLine =c; parseLine \xf3=1", "-1 -1 -1 -1 -1"},
+        {"t=1", "set k 2; set c; set i 1; set m 2; parseLine a=; parseLine a=x=y", "0 0 0 -1 0 0",
+         "i=1 c= k=2 t=1 a= a=x=y"},
+        {"a=1 t=1 m=1 a=1", "set a 2; set t 3", "0 0", "t=3 a=2 t=1 m=1 a=1"},
+        {"c=1 m=1 c=2 c=3", "remove c; remove c; remove k; remove 0; remove m", "0 0 -1 -1 0", "c=3"},
+        {"m=1 a=s", "setAttr 7 n v:w; setAttr 0 p", "0 0", "a=p m=1 a=s"},
+        {"a=p a=q b=q a=r", "setAttr 0 n; setAttr 9 u; setAttr -1 w", "0 0 0", "a=n a=q a=u a=w b=q a=r"},
+        {"a=p a=q b=q a=r m=1", "removeAttr 1; removeAttr 1; removeAttr -1", "0 -1 -1", "a=p b=q a=r m=1"},
+        {"m=1 a=p", "removeAttr 0; removeMedia 0 b; removeMedia 1 m; removeMediaAttr 0 1 a", "-1 -1 -1 -1"},
+        {"c=1", "removeMedia 0 c; removeMediaAttr 0 0 c; setMedia 0 t", "-1 -1 0", "c=1 t="},
+        {"m=1 i=1 b=1", "setMedia 0 c 2; setMedia 0 b 2; setMedia 0 a 3", "0 0 0", "m=1 i=1 c=2 b=2 a=3"},
+        {"m=1 c=1 m=2 c=2", "setMedia -5 c 4; setMedia 0 m 3; setMedia 1 t", "0 0 0", "m=3 c=4 t= m=2 c=2"},
+        {"m=1 a=1", "setMedia 1 c 2; setMedia 1 m 3; setMedia 1 c 4", "0 0 0", "m=1 a=1 c=2 m=3 c=4"},
+        {"c=1 m=1 a=1 m=2 a=2 m=3", "removeMedia 0 m; media 0 m; removeMedia 1 m; nMedia", "0 2 0 1", "c=1 m=2 a=2"},
+        {"c=1 m=1 m=2 c=2", "removeMedia 0 c; removeMedia -1 m; nMedia", "0 0 1", "c=1 m=2"},
+        {"m=1 a=1 m=2", "setMediaAttr 0 0 b n; setMediaAttr 0 3 a n v", "0 0", "m=1 a=1 a=n:v b=n m=2"},
+        {"m=1 a=1 a=2 b=1 a=3", "setMediaAttr 0 -1 a o; setMediaAttr 4 0 a p", "0 0", "m=1 a=1 a=2 a=o b=1 a=3 a=p"},
+        {"", "setMediaAttr 0 0 a n; mediaAttr 0 0 a; attr 0", "0 -1 n:", "a=n"},
+        {"m=1 a=p a=q b=1 a=r m=2", "removeMediaAttr 0 1 a; removeMediaAttr 0 1 a", "0 -1", "m=1 a=p b=1 a=r m=2"}};
+    for (const Row& row : rows) {
+        check(row, byChar);
+        check(row, byField);
+    }
+    // Types without a place go before the section, or to the head of the list, where the next one replaces them.
+    check({"m=1 a=1", "setMedia 0 x 1; setMedia 0 \xed 2; setMedia 0 x 3", "0 0 0", "x=1 \xed=2 x=3 m=1 a=1"}, byChar);
+    check({"m=1", "set x 2; get x; generate; set \xfe 3; get x; get \xfe; remove \xfe", "0 2 -1 0 -1 3 0"}, byChar);
+}
+
+TEST(SDPDesc, GeneratesOnlyWhatBeginsLikeADescription)
+{
+    SDPDesc list("\r\n");
+    for (const char* text : {"", "v=|o=|", "v=|s=|o=|", "v=|o=|m=|s=|"}) {
+        EXPECT_EQ(0, list.parse(unbarred(text)));
+        EXPECT_EQ("untouched", generated(list)) << text;
+        list.clear();
+    }
+    EXPECT_EQ(0, list.parse("v=0\no=x\r\ns=y\rs=\ra=2"));
+    list.dump();
+    EXPECT_EQ(-1, list.generate(nullptr));
+    EXPECT_EQ("v=0|o=x|s=y|s=|a=2|", generated(list));
+    EXPECT_EQ(0, list.get('a', nullptr) + list.attr(0, nullptr, nullptr));
+    list.clear();
+    EXPECT_EQ("0 -1 1 0", run(list, "set 0; get =; has =; has 0", byChar)); // the line is just "="
+    EXPECT_EQ(0, list.parse("m=1\na=2"));
+    EXPECT_EQ(0, list.media(0, 'm', nullptr) + list.mediaAttr(0, 0, nullptr, nullptr, 'a'));
+}
+
+// The same operations written down plainly on a vector, each a walk from the beginning.
+class PlainList {
+public:
+    int parse(const String&) { return -1; }
+    int parseLine(const String& line) { return put(end(), false, str(line)); }
+    int generate(String* out) const
+    {
+        std::string text;
+        for (const std::string& line : lines_)
+            text += line + " ";
+        const bool begins = end() > 2 && lines_[0][0] == 'v' && lines_[1][0] == 'o' && lines_[2][0] == 's';
+        return begins ? *out = bytes(text), 0 : -1;
+    }
+
+    int set(char t, const String& value) { return t == 'm' ? -1 : place({0, end()}, "vosiuepcbzktram", t, value); }
+    int get(char t, String* value) const { return read(session(), t, value); }
+    int remove(char t) { return take(first({0, end()}, t)); }
+    int has(char t) const { return first({0, end()}, t) < end(); }
+    int nAttr() const { return count(session(), 'a'); }
+    int setAttr(int n, const String& name, const String& value) { return setRun(session(), n, 'a', name, value); }
+    int attr(int n, String* name, String* value) const { return cut(inRun(session(), n, 'a'), name, value); }
+    int removeAttr(int n) { return take(inRun(session(), n, 'a')); }
+    int hasAttr(const String& name) const { return named(session(), 'a', name); }
+    int nMedia() const { return count({0, end()}, 'm'); }
+    int setMedia(int n, char t, const String& value) { return place({head(n), under(n).to}, "micbka", t, value); }
+    int media(int n, char t, String* value) const { return read({head(n), under(n).to}, t, value); }
+    int hasMedia(int n, char t) const { return first({head(n), end()}, t) < end(); }
+    int removeMedia(int n, char t)
+    {
+        if (t != 'm' || head(n) == end())
+            return take(first({head(n), end()}, t));
+        for (At left = under(n).to - head(n), at = head(n); left > 0; --left)
+            take(at);
+        return 0;
+    }
+    int nMediaAttr(int n, char t) const { return count(under(n), t); }
+    int setMediaAttr(int n, int i, const String& name, const String& value, char t)
+    {
+        return setRun(under(n, t), i, t, name, value);
+    }
+    int mediaAttr(int n, int i, String* a, String* b, char t) const { return cut(inRun(under(n, t), i, t), a, b); }
+    int removeMediaAttr(int n, int i, char t) { return take(inRun(under(n, t), i, t)); }
+    int hasMediaAttr(int n, const String& name, char t) const { return named(under(n, t), t, name); }
+
+private:
+    using At = std::size_t;
+    struct Part {
+        At from, to;
+    };
+
+    At end() const { return lines_.size(); }
+    Part session() const { return {0, head(0)}; }
+
+    // The "m=" line of a section, and what stands under it. Nothing stops the search for "m=" lines.
+    At head(int n) const
+    {
+        At at = first({0, end()}, 'm');
+        while (at < end() && n-- > 0)
+            at = first({at + 1, end()}, 'm');
+        return at;
+    }
+    Part under(int n, char t = 'a') const
+    {
+        const At from = std::min(head(n) + 1, end());
+        return {from, t == 'm' ? end() : first({from, end()}, 'm')};
+    }
+
+    At first(Part part, char t) const
+    {
+        while (part.from < part.to && lines_[part.from][0] != t)
+            ++part.from;
+        return part.from < part.to ? part.from : end();
+    }
+    int count(Part part, char t) const
+    {
+        int n = 0;
+        for (; part.from < part.to; ++part.from)
+            n += lines_[part.from][0] == t;
+        return n;
+    }
+    At inRun(Part part, int n, char t) const
+    {
+        At at = first(part, t);
+        while (at < part.to && lines_[at][0] == t && n-- != 0)
+            ++at;
+        return at < part.to && lines_[at][0] == t ? at : end();
+    }
+    int named(Part part, char t, const String& name) const
+    {
+        int n = 0;
+        String found;
+        String value;
+        for (int i = 0; cut(inRun(part, i, t), &found, &value) == 0; ++i)
+            n += str(found) == str(name);
+        return n;
+    }
+
+    int setRun(Part part, int n, char t, const String& name, const String& value)
+    {
+        const At found = inRun(part, n, t);
+        At added = std::min(first(part, t), part.to);
+        while (added < part.to && lines_[added][0] == t)
+            ++added;
+        const std::string line = std::string(1, t) + "=" + str(name) + (value.length() > 0 ? ":" : "") + str(value);
+        return put(found < end() ? found : added, found < end(), line);
+    }
+    int place(Part part, const std::string& order, char t, const String& value)
+    {
+        const auto rank = [&](char c) { return static_cast<int>(order.find(c)); }; // -1 if it is not there
+        while (part.from < part.to && rank(lines_[part.from][0]) < rank(t))
+            ++part.from;
+        const bool replaces = part.from < part.to && rank(lines_[part.from][0]) == rank(t);
+        return put(part.from, replaces, std::string(1, t) + "=" + str(value));
+    }
+    int put(At at, bool replaces, const std::string& line)
+    {
+        if (replaces)
+            take(at);
+        lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), line);
+        return 0;
+    }
+    int take(At at) { return at < end() ? lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(at)), 0 : -1; }
+
+    int read(Part part, char t, String* value) const
+    {
+        const At at = first({part.from, t == 'm' ? end() : part.to}, t);
+        return at < end() ? *value = bytes(lines_[at].substr(2)), 0 : -1;
+    }
+    int cut(At at, String* name, String* value) const
+    {
+        if (at >= end())
+            return -1;
+        const std::string text = lines_[at].substr(2) + ":";
+        *name = bytes(text.substr(0, text.find(':')));
+        *value = bytes(text.substr(0, text.size() - 1).substr(std::min(text.find(':') + 1, text.size() - 1)));
+        return 0;
+    }
+
+    std::vector<std::string> lines_;
+};
+
+TEST(SDPDesc, BehavesLikeAPlainListWhateverStandsBehindItsNumbers)
+{
+    std::mt19937 random{1};
+    const auto one = [&](const std::vector<std::string>& of) { return of[random() % of.size()]; };
+    const std::vector<std::string> changes
+        = {"set T N",        "remove T",        "setAttr # N V",          "removeAttr #",         "setMedia # T N",
+           "setMedia 9 m N", "removeMedia # T", "setMediaAttr # # A N V", "removeMediaAttr # # A"};
+    const std::vector<std::string> reads
+        = {"get T",     "has T",        "nAttr",          "attr #",          "hasAttr N",          "nMedia",
+           "media # T", "hasMedia # T", "nMediaAttr # T", "mediaAttr # # A", "hasMediaAttr # A N", "generate"};
+    for (int i = 0; i < 500 && !testing::Test::HasFailure(); ++i) {
+        SDPDesc list(" ");
+        PlainList plain;
+        std::string log;
+        const auto both = [&](const std::string& words) {
+            std::string command = words.substr(0, words.find(' '));
+            for (const char c : words.substr(command.size()))
+                command += c == 'T' ? one({"a", "b", "c", "m", "t", "k", "x", "\xe1"})
+                    : c == 'A'      ? one({"a", "b", "m"})
+                    : c == '#'      ? one({"-1", "0", "0", "1", "1", "2", "3", "4"})
+                    : c == 'N'      ? one({"n", "p", "q"})
+                    : c == 'V'      ? one({"", "v", "v:w"})
+                                    : std::string(1, c);
+            log += command + "\n";
+            EXPECT_EQ(run(plain, command, byChar), run(list, command, byChar)) << log;
+        };
+        for (const char* line : {"v=", "o=", "s="})
+            both(std::string("parseLine ") + line);
+        for (auto n = random() % 12; n > 0; --n)
+            both("parseLine " + one({"a", "a", "a", "b", "c", "m", "m"}) + "=N:V");
+        for (int step = 0; step < 90; ++step)
+            both(one(step % 9 == 0 ? changes : reads));
+    }
+}
+
+// Every loop here would take minutes if each look-up walked from the first line.
+TEST(SDPDesc, LoopsOverLongListsOnce)
+{
+    constexpr int n = 100000;
+    SDPDesc list("\n");
+    const std::string sections = repeated("m=1\na=q:2\nb=r:3\n", n);
+    ASSERT_EQ(0, list.parse(bytes(repeated("a=p:1\n", n) + sections + repeated("a=s:4\n", n))));
+    String name;
+    String value;
+    for (int i = 0; i < 2 * n; ++i)
+        ASSERT_EQ(0, list.attr(i < list.nAttr() ? i : 2 * n - 1 - i, &name, &value));
+    for (int i = 0; i < list.nMedia(); ++i) {
+        ASSERT_EQ(1, list.hasMedia(i, 'b') - list.hasMedia(i, 'k'));
+        ASSERT_EQ(-1, list.media(i, 'c', &value) + list.media(i, FieldMedia, &value));
+        for (const char type : {'a', 'b', 'k'})
+            for (int k = 0; k < n - 1 && k < list.nMediaAttr(i, type); ++k)
+                ASSERT_EQ(k == 0 ? 0 : -1, list.mediaAttr(i, k, &name, &value, type)); // the "b=" line ends the run
+    }
+    EXPECT_EQ(2 * n + 2, list.nMediaAttr(n - 1, 'a') + list.hasMediaAttr(n - 1, "q", 'a') + list.hasAttr("p"));
+}
+
+TEST(SDPDescState, HasRanksAndWalks)
+{
+    using State = SDPDesc::SDPDesc_impl;
+    State state;
+    EXPECT_TRUE(State::init && state.lineBreak.length() == 0);
+    const auto expectOrder = [](const std::string& order, const std::string& actual, const int* ranks) {
+        EXPECT_EQ(order + '\0', actual);
+        for (int c = 0; c < 128; ++c)
+            EXPECT_EQ(static_cast<int>(order.find(static_cast<char>(c))), ranks[c]) << order << " " << c;
+    };
+    expectOrder("vosiuepcbzktram", {State::order_session, sizeof State::order_session}, State::revorder_session);
+    expectOrder("tr", {State::order_time, sizeof State::order_time}, State::revorder_time);
+    expectOrder("micbka", {State::order_media, sizeof State::order_media}, State::revorder_media);
+
+    for (const char* line : {"v=", "a=0", "a=1", "m=2", "a=3", "m=4", "b"})
+        state.lines.push_back(line);
+    const struct {
+        int from, n;
+        char type; // NUL for the walk over the "m=" lines
+        const char* line;
+    } walks[] = {{0, 0, 'a', "a=0"}, {0, 1, 'a', "a=1"}, {0, 2, 'a', "end"}, {0, -3, 'a', "a=0"},
+                 {3, 0, 'a', "end"}, {4, 0, 'a', "a=3"}, {0, 1, 'm', "m=4"}, {6, 0, 'b', "b"},
+                 {7, 0, 'a', "end"}, {0, -1, 0, "m=2"},  {4, 0, 0, "m=4"},   {0, 2, 0, "end"}};
+    for (const auto& row : walks) {
+        const auto from = std::next(state.lines.begin(), row.from);
+        const auto at
+            = row.type ? state.skip_until_attribute(from, row.n, row.type) : state.skip_until_mediadesc(from, row.n);
+        EXPECT_EQ(row.line, at == state.lines.end() ? "end" : str(*at))
+            << row.n << " from " << row.from << " " << row.type;
+    }
+}
+
+} // namespace

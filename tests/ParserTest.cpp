@@ -1,0 +1,222 @@
+// Texts in, texts out.
+#include <algorithm>
+
+#include <sdp/SDPDescEx.h>
+
+#include "support.h"
+
+using namespace test;
+using namespace ym::SDP;
+using ym::String;
+
+namespace {
+
+// Rows "in => out", with "$" for what a cleared session generates: what comes out of the objects after a text. It must
+// be taken, and the objects held something else before.
+template <class Rows> void expectThrough(const std::string& before, const Rows& rows, const std::string& head)
+{
+    for (const std::string row : rows) {
+        const auto [in, out] = sidesOf(row);
+        SDPDescEx d;
+        EXPECT_EQ(0, d.parse("v=9\ns=old\ni=old\na=old\nm=audio 9 old 1 2\nm=video 9 old 1\nm=application 9 old 1\n"));
+        EXPECT_EQ(0, d.parse(unbarred(before + in))) << row;
+        EXPECT_EQ(replaced(head + out, "$", cleared), generated(d)) << row;
+    }
+}
+
+TEST(Parser, ReadsSessionLines)
+{
+    const char* const rows[]
+        = {" => $",
+           "r=r 1|a=x|z=z|k=clear:key|t=1 2|b=X:1:2|c=IN IP4 1.2.3.4|p=p|e=e|u=u|i= i |s=s|o= a  b c IN IP4 d |v=1| => "
+           "v=1|o=a b c IN IP4 d|s=s|i= i |u=u|e=e|p=p|c=IN IP4 1.2.3.4|b=X:1:2|z=z|k=clear:key|t=1 2|r=r 1|a=x|",
+           "v=1|v=2|o=a b c IN IP4 d|o=e f|s=1|s=2|i=1|i=2|u=1|u=2|e=1|e=2|p=1|p=2|z=1|z=2|r=1|r=2|t=1 1|t=2 2|b=A:1|"
+           "b=B:2|k=clear|k=uri:x|c=IN IP4 a|c=IN IP6 b| => "
+           "v=1|o=a b c IN IP4 d|s=1|i=1|u=1|e=1|p=1|c=IN IP4 a|b=A:1|z=1|k=clear|t=1 1|r=1|",
+           "m=audio 9 x 0|v=1|s=s|i=i|c=IN IP4 a|b=A:1|k=clear|t=1 2|r=r| => $m=audio 9 x 0|c=IN IP4 a|b=A:1|",
+           "c=IN IP4 a|m=audio 9 x 0| => v=0|o=- 0 0   |s=session|c=IN IP4 a|t=0 0|m=audio 9 x 0|",
+
+           // Values that have not the form of their line
+           "s=| => v=0|o=- 0 0   |t=0 0|", "v=70000| => v=65535|o=- 0 0   |s=session|t=0 0|", "v=-1| => $",
+           "o=a b c XX YY d| => v=0|o=a b c   d|s=session|t=0 0|", "t=1 2 | => $", "t= 1 2| => $", "t=1 a| => $",
+           "t=4294967296 99999999999| => v=0|o=- 0 0   |s=session|t=4294967295 4294967295|", "b=AS:| => $",
+           "b=AS:12a| => $", "b=AS:128 | => $", "b=AS:0| => $", "a=p|t=0 0|a=q| => $a=p|",
+           "a=x:1|a=x:2:3|a=sendonly|a=:y|a=| => $a=x:1|a=x:2:3|a=sendonly|a=:y|a=|"};
+    expectThrough("", rows, "");
+}
+
+TEST(Parser, ReadsConnectionsOnTwoLevels)
+{
+    const struct {
+        const char* in;
+        const char* session; // what stands behind "c=", or the empty text for no line
+        const char* section;
+    } rows[] = {{"IN IP4 224.2.1.1", "IN IP4 224.2.1.1", "IN IP4 224.2.1.1"},
+                {"  IN\tIP6  ::1/", "IN IP6 ::1", "IN IP6 ::1"},
+                {"IN IP4 a/127", "IN IP4 a/127", "IN IP4 a/127"},
+                {"IN IP4 a/127/3", "IN IP4 a/127/3", "IN IP4 a/127"},
+                {"IN IP4 a/4294967296/x", "IN IP4 a/4294967295", "IN IP4 a/4294967296"},
+                {"IN IP4 a/x/3", "IN IP4 a", "IN IP4 a/x"},
+                {"IN IP4 a//3", "IN IP4 a", "IN IP4 a"},
+                {"IN IP4 a(3", "IN IP4 a", "IN IP4 a"},
+                {"IN IP4 a|3", "IN IP4 a", "IN IP4 a/|3"},
+
+                // No connection
+                {"IN IP4 1.2.3.4 ", "", ""},
+                {"IN IP4 (a)", "", ""},
+                {"IN IP4", "", ""},
+                {"XX IP4 a", "", ""},
+                {"IN ip4 a", "", ""}};
+    for (const auto& row : rows) {
+        SDPDescEx d;
+        ASSERT_EQ(0, d.parse((std::string("c=") + row.in + "\nm=audio 9 x 0\nc=" + row.in + "\nc=IN IP4 z\n").c_str()));
+        const std::string lines = std::string("v=0|o=- 0 0   |s=session|c=") + row.session + "|t=0 0|m=audio 9 x 0|c=";
+        EXPECT_EQ(replaced(lines + row.section + "|", "c=|", ""), generated(d)) << row.in;
+    }
+    SDPDescEx d;
+    ASSERT_EQ(0, d.parse("c=XX YY a/1/2\nm=audio 9 x 0\nc=XX YY a/1/2\n"));
+    EXPECT_EQ("a", str(d.connectionAddress()));
+    EXPECT_EQ(12U, d.connectionTTL() * 10 + d.connectionNumAddr());
+    String address;
+    d.mediaAudio(0)->connection(nullptr, nullptr, &address);
+    EXPECT_EQ("a/1", str(address));
+}
+
+TEST(Parser, ReadsKeys)
+{
+    const std::pair<const char*, const char*> rows[]
+        = {{"prompt", "4"},       {"clear:xyz", "1xyz"}, {"uri:x:y", "3x:y"}, {"clear:a b", "0"},
+           {"other:xyz", "0xyz"}, {"base64:", "2"},      {"a b", "0"},        {":xyz", "0"}};
+    for (const auto& [in, key] : rows) {
+        SDPDescEx d;
+        ASSERT_EQ(0, d.parse((std::string("k=") + in + "\nm=audio 9 x 0\nk=clear:x\ni=x\n").c_str()));
+        EXPECT_EQ(key, std::to_string(d.encryptionMethod()) + str(d.encryptionKey())) << in;
+        EXPECT_FALSE(d.mediaAudio(0)->hasEncryption() || d.mediaAudio(0)->hasSessionDesc());
+    }
+}
+
+TEST(Parser, RefusesATextAndIsClearedThen)
+{
+    for (const char* text : {"v=1|s=s|a=a|m=audio 9 x 0|x=1|", "x=1|v=1|", "v=1|s|", "v=1|s=s||t=1 1|", "v=1|\xf6=1|",
+                             "t=1 1|s=s|a=x|v=1|o=a b c IN IP4|m=audio 9 x 0|", "o=a b c IN IP4 d e|s=s|", "o=|"}) {
+        SDPDescEx d;
+        EXPECT_EQ(0, d.parse("s=old\na=old\nm=audio 9 old 1 2\n"));
+        EXPECT_EQ(-1, d.parse(unbarred(text))) << text;
+        const bool isVersionRead = *text == 't'; // which stands before the origin, wherever its line is
+        EXPECT_EQ(isVersionRead ? "v=1" + cleared.substr(3) : cleared, generated(d)) << text;
+    }
+}
+
+TEST(Parser, ReadsSections)
+{
+    const char* const rows[] = {
+        "m=audio 49170 RTP/AVP 0 8|",
+        "m=application 1 udp 5|m=video 2 x 31|m=audio 3 x 0|m=video 4 x 31|m=audio 5 x 0| => "
+        "m=audio 3 x 0|m=audio 5 x 0|m=video 2 x 31|m=video 4 x 31|m=application 1 udp 5|",
+        "m=audio 1 x 0|a=x|m=Audio 9 x 0|a=y|c=IN IP4 a|m=text 9 x 0|m=video 2 x 0| => "
+        "m=audio 1 x 0|a=x|m=video 2 x 0|",
+        "m=video 49170/2 RTP/AVP 31|a=x|b=AS:1| => ", "m=audio 9 RTP/AVP|a=x| => ", "m= audio 9 RTP/AVP 0| => ",
+
+        // Formats
+        "m=|m=audio 9| => ", "m=audio 9 RTP/AVP |a=x|a=sendonly|b=AS:1| => m=audio 9 RTP/AVP|b=AS:1|a=sendonly|",
+        "m=audio 70000 x 70000| => m=audio 65535 x 65535|", "m=audio\t9 x  0   8 | => m=audio 9 x 0 8|",
+        "m=audio 9 x 1\t2| => m=audio 9 x 0|", "m=audio 9 x 1\t 2| => m=audio 9 x 1 2|",
+        "m=audio 9 x 7 8 7| => m=audio 9 x 8 7|",
+        "m=application 9 UDP/DTLS/SCTP webrtc-datachannel * 5|a=x| => m=application 9 UDP/DTLS/SCTP 0 5|a=x|",
+        "m=audio 9 x 0|s=s|t=1 1|i=i|k=clear:x|a=x| => m=audio 9 x 0|a=x|",
+        "m=audio 9 x 0|b=AS:128|b=AS:+1| => m=audio 9 x 0|b=AS:128|", "m=audio 9 x 0|b=AS|b=X:1:2| => m=audio 9 x 0|",
+        "m=audio 9 x 0|b=RR:0|b=AS:99999999999| => m=audio 9 x 0|b=AS:4294967295|",
+        "m=audio 9 x 0|b=A:1|c=IN IP4 a|b=B:2| => m=audio 9 x 0|c=IN IP4 a|b=A:1|",
+        "m=audio 9 x 0|a=p|b=AS:1|a=q| => m=audio 9 x 0|b=AS:1|a=p|"};
+    expectThrough("", rows, "$");
+}
+
+TEST(Parser, GivesAttributesToPayloads)
+{
+    const char* const rows[]
+        = {"a=rtpmap:0 PCMU/8000|a=ptime:20|a=rtpmap:8 PCMA/8000|a=maxptime:40|",
+           "a=ptime:20|a=rtpmap:0 PCMU/8000|a=x| => a=rtpmap:0 PCMU/8000|a=x|a=ptime:20|",
+           "a=x|a=fmtp:0 x=1|a=y| => a=fmtp:0 x=1|a=y|a=x|", "a=rtpmap:0 X/9|a=x| => a=x|",
+           "a=rtpmap:0 a/80/1|a=rtpmap:0 b c|a=x|a=rtpmap:8 c/80| => a=rtpmap:0 a/80/1|a=x|a=rtpmap:8 c/80|",
+           "a=rtpmap:0 a/80/1|a=rtpmap:0 b/90| => a=rtpmap:0 b/90|",
+           "a=rtpmap:0 a/80|a=rtpmap: 8 b/90|a=rtpmap:8|a=fmtp:x 1|a=x| => a=rtpmap:0 a/80|a=x|",
+           "a=rtpmap:0 a/80|a=rtpmap:9 b/90|a=lost|a=fmtp:8 p|a=x| => a=rtpmap:0 a/80|a=fmtp:8 p|a=x|",
+
+           // Attributes of the section, and parameters
+           "a=fmtp:65544 p|a=lost|a=sendonly| => a=sendonly|", "a=rtpmap:8 L16/44100/2|",
+           "a=sendonly|a=recvonly:x|a=SendOnly| => a=SendOnly|a=recvonly|", "a=inactive|a=sendrecv| => ", "a=inactive|",
+           "a=ptime:20|a=x|a=ptime:1:2|a=| => a=ptime:1:2|a=x|a=|", "a=fmtp:0 a=1; b=2| => a=fmtp:0 a=1;b=2|",
+           "a=fmtp:0  a = 1 ; b =\t2 | => a=fmtp:0 a=1;b=2|",
+           "a=fmtp:0 a=1;c;a=2|a=fmtp:0 b=3;c=4| => a=fmtp:0 a=2;c=4;b=3|", "a=fmtp:0 x=a=b;| => a=fmtp:0 x=a=b|",
+           "a=fmtp:0 0-15 |", "a=fmtp:0 x=;y=1| => a=fmtp:0 x;y=1|", "a=fmtp:0 =x|",
+           "a=fmtp:0 a=1;;b=2; ;| => a=fmtp:0 a=1;;b=2|", "a=fmtp:0  |a=x|a=rtpmap:8 b/90| => a=x|a=rtpmap:8 b/90|",
+           "a=fmtp:8 p|a=rtpmap:8 b/90| => a=rtpmap:8 b/90|a=fmtp:8 p|"};
+    expectThrough("m=audio 9 x 0 8|", rows, "$m=audio 9 x 0 8|");
+}
+
+TEST(Parser, WarnsOfMoreThanTwoBandwidths)
+{
+    SDPDescEx d;
+    testing::internal::CaptureStderr();
+    ASSERT_EQ(0, d.parse(bytes("m=audio 9 x 0\nb=A:1\nb=A:0\n" + repeated("b=B:2\n", 30000))));
+    const std::string warning = "SDPMedia::setBandwidth no more set Bandwidth\n";
+    EXPECT_EQ(repeated(warning, 30000), testing::internal::GetCapturedStderr());
+    EXPECT_EQ(cleared + "m=audio 9 x 0|b=A:1|", generated(d));
+    EXPECT_EQ("A0", str(*d.mediaAudio(0)->bandwidthModifire(1)) + std::to_string(d.mediaAudio(0)->nAttr()));
+}
+
+// Texts of this kind, read in time that grows with the square of their length, would take minutes each.
+TEST(Parser, TakesHostileTexts)
+{
+    const auto numbered = [](const std::string& before, const std::string& behind) {
+        std::string text;
+        for (int i = 0; i < 65536; ++i)
+            text += before + std::to_string(i) + behind;
+        return text;
+    };
+    const std::string audio = "m=audio 9 x 0";
+    const std::string line = audio + "\n";
+    const std::string nul(1, '\0');
+    constexpr std::size_t n = 300000;
+    const struct {
+        std::string text;
+        unsigned int nMedia;
+        int nLines; // of the text that comes out
+    } rows[] = {{repeated("m=\n", n), 0, 4},
+                {repeated(line + "c=IN IP4 a\na=x\n", 30000), 30000, 90004},
+                {line + numbered("a=x", "\n"), 1, 65541},
+                {numbered("a=x", "\n"), 0, 65540},
+                {line + "a=rtpmap:0 x/80\n" + numbered("a=x", ":y\n"), 1, 65542},
+                {line + numbered("a=x:", "\n"), 1, 6},
+                {numbered("a=x:", "\n"), 0, 65540},
+                {"m=audio 9 x" + numbered(" ", "") + "\n" + numbered("a=rtpmap:", " x/80\n"), 1, 65541},
+                {audio + repeated(" 7", n) + "\n" + repeated("a=rtpmap:7 x/80\n", 30000), 1, 6},
+                {line + "a=fmtp:0 " + numbered("p", "=1;"), 1, 6},
+                {line + numbered("a=fmtp:0 p=", "\n"), 1, 6},
+                {line + "a=fmtp:0 x=1" + repeated(" ", n) + "y", 1, 6},
+                {audio + repeated("\t", n) + "1", 1, 5},
+                {audio + repeated(" ", n) + "1", 1, 5},
+                {line + "a=rtpmap:0 " + repeated("/11", n) + " ", 1, 5},
+                {"c=IN IP4 " + repeated("1", n) + " \n" + line + "c=IN IP4 a/" + repeated("/", n) + "(", 1, 6},
+                {"b=" + repeated("1:", n) + "\nt=" + repeated("1", n) + " \nk=" + repeated("x", n) + " :", 0, 4},
+
+                // NUL bytes, runs that are broken, and a long name
+                {"s=" + repeated("x", n), 0, 4},
+                {line + repeated("a=x\nb=AS:1\n", n / 10), 1, 7},
+                {repeated("a=x\nb=AS:1\n", n / 10), 0, 6},
+                {line + "a=" + repeated(nul, n) + "\na=x" + nul + "y\n", 1, 7},
+                {repeated("a=x:" + nul + "\n", n / 10) + line, 1, 30005}};
+    for (const auto& row : rows) {
+        SDPDescEx d;
+        String text;
+        EXPECT_EQ(0, d.parse(bytes(row.text))) << row.text.substr(0, 80);
+        EXPECT_EQ(0, d.generate(&text));
+        EXPECT_EQ(row.nMedia, d.nMedia()) << row.text.substr(0, 80);
+        EXPECT_EQ(row.nLines, std::count(text.chars(), text.chars() + text.length(), '\n')) << row.text.substr(0, 80);
+    }
+    SDPDescEx d;
+    for (const std::string& text : {"o=" + repeated(" ", n), "o=" + repeated("x ", n), repeated("\n", n) + "s=x"})
+        EXPECT_EQ(-1, d.parse(bytes(text)));
+}
+
+} // namespace

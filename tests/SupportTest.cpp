@@ -1,0 +1,248 @@
+// Strings, lists of names, streams, lines and the warning.
+#include <algorithm>
+#include <random>
+
+#include <tovik/LineAdapter.h>
+#include <tovik/NamedList.h>
+#include <tovik/warning.h>
+
+#include "support.h"
+
+using namespace test;
+using ym::NamedList;
+using ym::String;
+
+namespace {
+
+TEST(String, ReadsAndWritesNumbers)
+{
+    const struct {
+        std::string text;
+        int base;
+        unsigned short narrow;
+        unsigned long wide;
+        int bits; // in which it fits, 0 for none
+    } rows[] = {{"8000", 10, 8000, 8000, 16},
+                {" \t007\r\n", 10, 7, 7, 16},
+                {"65535", 10, 65535, 65535, 16},
+                {"65536", 10, 65535, 65536, 32},
+                {"4294967295", 10, 65535, 4294967295UL, 32},
+                {"4294967296", 10, 65535, 4294967295UL, 0},
+                {"99999999999999999999999 ", 10, 65535, 4294967295UL, 0},
+
+                // Other bases
+                {"fF", 16, 255, 255, 16},
+                {"zz", 36, 1295, 1295, 16}};
+    for (const auto& row : rows) {
+        bool narrowOk = row.bits != 16;
+        bool wideOk = row.bits == 0;
+        const String text = bytes(row.text);
+        EXPECT_EQ(row.narrow, text.toUInt16(&narrowOk, row.base)) << row.text;
+        EXPECT_EQ(row.wide, text.toUInt32(&wideOk, row.base)) << row.text;
+        EXPECT_EQ(row.bits, narrowOk ? 16 : wideOk ? 32 : 0) << row.text;
+        EXPECT_EQ(row.wide, text.toUInt32(nullptr, row.base)) << row.text;
+    }
+    for (const std::string text : {"", " ", "-1", "+1", "1 2", "1x", "99999999999x", "0x1", "1.0", "\xb2"}) {
+        bool ok = true;
+        EXPECT_EQ(0U, bytes(text).toUInt16(&ok, 10) + bytes(text).toUInt32(nullptr, 10)) << text;
+        EXPECT_FALSE(ok) << text;
+    }
+    EXPECT_EQ(0U, bytes(std::string("1\0", 2)).toUInt32(nullptr, 10));
+    for (const int base : {-1, 0, 1, 37})
+        EXPECT_EQ(0U, String("1").toUInt32(nullptr, base)) << base;
+    for (const unsigned long number : {0UL, 10UL, 4294967295UL, ~0UL})
+        EXPECT_EQ(std::to_string(number), str(String("x").setNum(number)));
+    EXPECT_EQ("65535", str(String().setNum(static_cast<unsigned short>(65535))));
+}
+
+TEST(String, FindsAndCutsWithinItsBounds)
+{
+    const String line("a=x:y:");
+    const unsigned int npos = String::npos;
+    const struct {
+        unsigned int start, end;
+        const char* part;
+        unsigned int colon; // from the start on
+    } parts[] = {{0, 3, "a=x", 3}, {2, 3, "x", 3},      {4, 9, "y:", 5},   {4, npos, "y:", 5},
+                 {2, 2, "", 3},    {6, npos, "", npos}, {9, 12, "", npos}, {3, 2, "", 3}};
+    for (const auto& row : parts) {
+        EXPECT_EQ(row.part, str(line.substring(row.start, row.end))) << row.start << " to " << row.end;
+        EXPECT_EQ(row.colon, line.find(':', row.start)) << row.start;
+    }
+    EXPECT_EQ(npos, line.find('\0', 0));
+    const struct {
+        const char* other;
+        unsigned int pos, n;
+        int sign;
+    } comparisons[] = {{"a=x", 0, 3, 0}, {"", 0, 0, 0},      {"x:y:", 2, 99, 0}, {"a=y", 0, 3, -1},
+                       {"a=", 0, 3, 1},  {"a=xx", 0, 3, -1}, {"", 99, 4, 0},     {"A=x", 0, 3, 1}};
+    for (const auto& row : comparisons) {
+        const int result = line.compare(row.other, row.pos, row.n);
+        EXPECT_EQ(row.sign, (result > 0) - (result < 0)) << row.other << " at " << row.pos;
+    }
+}
+
+TEST(String, TakesPartsOfItselfAndNulBytes)
+{
+    std::string expected = "ab";
+    String text("ab");
+    for (int i = 0; i < 10; ++i) {
+        text.append(text.chars()).append(text.chars() + 1, 2);
+        expected += expected;
+        expected += expected.substr(1, 2);
+    }
+    EXPECT_EQ(expected, str(text));
+    text.assign(text.chars() + 2);
+    text = text.chars() + 3;
+    const String& self = text;
+    text = self;
+    EXPECT_EQ(expected.substr(5), str(text));
+
+    const char raw[] = {'a', '\0', 'b', '\0', '\0'};
+    EXPECT_EQ(std::string(raw, 4), str(text.assign(raw, 5)));
+    EXPECT_EQ(std::string(raw, 3), str(String(text.assign(raw, 3))));
+    EXPECT_EQ("", str(text.assign(nullptr, 0).append(nullptr, 0).append(nullptr)) + str(String(nullptr)));
+
+    String from("moved");
+    String to(std::move(from));
+    EXPECT_EQ(" moved", str(from) + " " + str(to));
+    from = std::move(to);
+    EXPECT_EQ("moved ", str(from) + " " + str(to));
+}
+
+// Operations in random order, beside a plain vector of pairs. The lists grow beyond the length from which on an index
+// finds the names, and shrink again.
+TEST(NamedList, BehavesLikeAPlainVector)
+{
+    std::mt19937 random{1};
+    const auto below = [&](std::size_t n) { return static_cast<unsigned int>(random() % n); };
+    std::vector<std::pair<std::string, std::string>> pairs;
+    NamedList list(":");
+    for (unsigned int step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
+        const std::string name = "n" + std::to_string(below(step % 4000 < 2000 ? 12 : 40));
+        const std::string value = std::to_string(step) + '\0' + name;
+        const unsigned int n = below(3);
+        auto found = pairs.begin();
+        for (unsigned int left = n; found != pairs.end() && (found->first != name || left-- > 0);)
+            ++found;
+        const bool there = found != pairs.end();
+        String a("untouched");
+        String b("untouched");
+        EXPECT_EQ(there, list.value(bytes(name), &a, n));
+        EXPECT_EQ(there ? found->second : "untouched", str(a));
+        EXPECT_EQ(there, list.value(bytes(name), nullptr, n));
+        EXPECT_TRUE(n > 0 || there == (list.exist(bytes(name)) != 0));
+        const unsigned int at = below(pairs.size() + 2);
+        const unsigned int choice = below(8);
+        if (choice < 3) {
+            const bool within = choice == 0 && at < pairs.size();
+            pairs.insert(within ? pairs.begin() + at : pairs.end(), {name, value});
+            list.insert(bytes(name), bytes(value), choice == 0 ? static_cast<int>(at) : -1);
+        } else if (choice < 5) {
+            EXPECT_EQ(there, list.remove(bytes(name), n));
+            pairs.erase(found, there ? found + 1 : found);
+        } else if (choice < 7) {
+            EXPECT_EQ(there, list.replace(bytes(name), bytes(value), n));
+            if (there)
+                found->second = value;
+        } else {
+            NamedList other(":");
+            other.insert("gone", "", -1);
+            other = list;
+            list.clear();
+            EXPECT_EQ(0U, list.lines());
+            const NamedList& self = list = other;
+            list = self;
+        }
+        EXPECT_EQ(pairs.size(), list.lines());
+        a = b = "untouched";
+        EXPECT_EQ(at < pairs.size(), list.get(&a, &b, at));
+        EXPECT_EQ(at < pairs.size(), list.get(nullptr, nullptr, at));
+        const auto untouched = std::pair<std::string, std::string>("untouched", "untouched");
+        EXPECT_EQ(at < pairs.size() ? pairs[at] : untouched, std::pair(str(a), str(b)));
+    }
+}
+
+// With the square of the number of names, this would take minutes.
+TEST(NamedList, HoldsManyNames)
+{
+    constexpr unsigned long n = 200000;
+    NamedList list(":");
+    String name;
+    for (unsigned long i = 0; i < n; ++i)
+        if (!list.exist(name.setNum(i)))
+            list.insert(name, "", -1);
+    ASSERT_EQ(n, list.lines());
+    for (unsigned long i = 0; i < n; ++i)
+        ASSERT_TRUE(list.get(&name, nullptr, static_cast<unsigned int>(i)) && name.toUInt32(nullptr, 10) == i);
+    for (unsigned long i = 0; i < n; ++i)
+        ASSERT_TRUE(list.remove(name.setNum(i), 0));
+    EXPECT_EQ(0U, list.lines());
+}
+
+// A stream that shows one byte at a time.
+class Trickle : public ym::MemoryIO {
+public:
+    using MemoryIO::MemoryIO;
+
+    const char* peek(unsigned int* size) override
+    {
+        const char* const ahead = MemoryIO::peek(size);
+        *size = std::min(*size, 1U);
+        return ahead;
+    }
+};
+
+// All lines, each with a bar behind it.
+template <class Stream> std::string linesOf(const std::string& text)
+{
+    using Mode = ym::LineAdapter::linebreak_mode;
+    Stream stream(text.data(), static_cast<unsigned int>(text.size()));
+    ym::LineAdapter reader(&stream, static_cast<Mode>(0), static_cast<Mode>(3), static_cast<Mode>(-1));
+    std::string lines;
+    String line;
+    for (; reader.readLine(&line) > 0; line = "untouched")
+        lines += str(line) + "|";
+    EXPECT_EQ(0, reader.readLine(&line));
+    EXPECT_EQ(lines.empty() ? "" : "untouched", str(line));
+    return lines;
+}
+
+TEST(LineAdapter, CutsATextIntoLines)
+{
+    const std::pair<std::string, std::string> rows[] = {{"", ""},
+                                                        {"a\r\nb\nc\rd", "a|b|c|d|"},
+                                                        {"a=x\r\n", "a=x|"},
+                                                        {"a\r\n\r\n\r\n", "a|"},
+                                                        {"\n\r\r\n", ""},
+                                                        {"\r\r\n\nb", "|||b|"},
+
+                                                        // Empty lines in between
+                                                        {"a\n\rb", "a||b|"},
+                                                        {"a\r\n\r\nb\n\nc\r\rd", "a||b||c||d|"},
+                                                        {std::string("a\0b\0\nc", 6), std::string("a\0b\0|c|", 7)}};
+    for (const auto& [text, lines] : rows) {
+        EXPECT_EQ(lines, linesOf<ym::MemoryIO>(text)) << text;
+        EXPECT_EQ(lines, linesOf<Trickle>(text)) << text;
+    }
+}
+
+TEST(MallocIO, KeepsWhatIsWritten)
+{
+    ym::MallocIO out;
+    out.write(nullptr, 0);
+    EXPECT_TRUE(out.length() == 0 && out.buffer());
+    for (int i = 0; i < 1000; ++i)
+        out.write("a\0b", 3);
+    const std::string written(static_cast<const char*>(out.buffer()), out.length());
+    EXPECT_EQ(repeated(std::string("a\0b", 3), 1000), written);
+}
+
+TEST(Warning, GoesToStandardError)
+{
+    testing::internal::CaptureStderr();
+    ym_warning_print("100% of it");
+    EXPECT_EQ("100% of it\n", testing::internal::GetCapturedStderr());
+}
+
+} // namespace
