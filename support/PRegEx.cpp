@@ -1,7 +1,5 @@
 #include <tovik/PRegEx.h>
 
-#include <algorithm>
-#include <cstring>
 #include <limits>
 #include <new>
 
@@ -31,14 +29,11 @@ struct PRegEx::State {
     Groups parts;                  // the groups of the last match, or the pieces of the last split
 
     bool usable;
+    bool hasParts = false; // the parts are those of the subject
 
     State(std::string_view text, unsigned long flags) : pattern(text), usable(pattern.isUsable() && flags == 0) { }
 
-    bool remember(const String& text)
-    {
-        subject.assign(text.chars(), text.length());
-        return true;
-    }
+    void remember(const String& text) { subject.assign(text.chars(), text.length()); }
 
     void splitSubject(unsigned int limit);
 };
@@ -72,20 +67,19 @@ PRegEx::~PRegEx()
 bool PRegEx::match(const String& subject, int start)
 {
     State& s = state();
-    s.parts.clear();
+    s.hasParts = false;
     const unsigned int from = start < 0 ? 0 : static_cast<unsigned int>(start);
-    if (!s.usable || !Matcher(s.pattern, view(subject)).search(from, &s.parts)) {
-        s.parts.clear();
+    if (!s.usable || !Matcher(s.pattern, view(subject)).search(from, &s.parts))
         return false;
-    }
-    return s.remember(subject);
+    s.remember(subject);
+    return s.hasParts = true;
 }
 
 String PRegEx::operator[](int i) const
 {
     const State& s = state();
     String part;
-    if (i < 0 || static_cast<unsigned int>(i) >= s.parts.size())
+    if (!s.hasParts || i < 0 || static_cast<unsigned int>(i) >= s.parts.size())
         return part;
     const Span span = s.parts[static_cast<unsigned int>(i)];
     part.append(s.subject.data() + span.start, span.end - span.start);
@@ -95,11 +89,13 @@ String PRegEx::operator[](int i) const
 int PRegEx::split(const String& subject, int limit)
 {
     State& s = state();
+    s.hasParts = false;
     s.remember(subject);
     s.parts.clear();
     s.splitSubject(limit > 0 ? static_cast<unsigned int>(limit) : std::numeric_limits<unsigned int>::max());
     while (s.parts.size() > 0 && s.parts.back().start == s.parts.back().end)
         s.parts.resize(s.parts.size() - 1);
+    s.hasParts = true;
     return static_cast<int>(s.parts.size());
 }
 

@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "support/pregex/ByteSet.h"
+
 namespace ym {
 
 namespace {
@@ -24,16 +26,11 @@ std::string_view view(const String& text)
     return {text.chars(), text.length()};
 }
 
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 std::string_view withoutSpaceAround(std::string_view text)
 {
-    while (!text.empty() && isSpace(text.front()))
+    while (!text.empty() && pregex::space[static_cast<unsigned char>(text.front())])
         text.remove_prefix(1);
-    while (!text.empty() && isSpace(text.back()))
+    while (!text.empty() && pregex::space[static_cast<unsigned char>(text.back())])
         text.remove_suffix(1);
     return text;
 }
@@ -82,7 +79,7 @@ void String::leavePlace()
 // The bytes may be a part of this string.
 void String::replace(const char* bytes, std::size_t n)
 {
-    if (isInPlace())
+    if (isInPlace() && n <= ownCapacity)
         leavePlace();
     if (n <= capacity_) {
         if (n > 0)
@@ -108,7 +105,7 @@ void String::add(const char* bytes, std::size_t n)
     if (isInPlace())
         *this = String(*this);
     if (n <= capacity_ - length_) {
-        std::memcpy(text_ + length_, bytes, n);
+        std::memmove(text_ + length_, bytes, n); // the bytes may reach to the NUL behind the text
         setLength(length_ + static_cast<unsigned int>(n));
         return;
     }

@@ -13,9 +13,8 @@ namespace ym::SDP {
 // Every line is kept as it is, whatever its value; lines are addressed by their type (the character before the "="),
 // by the number of their media section, and, where a type repeats, by their number.
 //
-// * The session level is what stands before the first "m=" line. A section is an "m=" line and the lines behind it, up
-// to
-//   the next "m=" line; sections are numbered from 0 in the order of the list. A negative section number means
+// * The session level is what stands before the first "m=" line. A section is an "m=" line and the lines behind it,
+//   up to the next "m=" line; sections are numbered from 0 in the order of the list. A negative section number means
 //   section 0.
 // * Lines have a canonical order, which decides where set and setMedia put a new one: v o s i u e p c b z k t r a m
 //   at session level, m i c b k a in a section. A type without a place in the order counts as before all others.
@@ -27,9 +26,10 @@ namespace ym::SDP {
 // list stay as they are. A null `String*` means that the output is not wanted. The texts that set, setAttr and
 // their like are given, and those that get and media read, end at the first NUL byte; all others keep NUL bytes.
 //
-// Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, as long as
-// the list is not changed in between. Objects are independent; one object is used by one thread at a time, and the
-// first SDPDesc of a process must not be constructed beside another one.
+// Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, also if they
+// add or remove lines of the run by their number. After any other change the next look-up starts anew. Objects are
+// independent; one object is used by one thread at a time, and the first SDPDesc of a process must not be constructed
+// beside another one.
 class YM_EXPORT SDPDesc {
 public:
     // An empty description. `lineBreak` is the text that generate writes behind every line, "\r\n" on the wire.
@@ -43,6 +43,7 @@ public:
 
     // Adds all lines of a text behind those that are there. Each of "\r\n", "\n" and "\r" ends a line.
     // -1 at the first line that parseLine refuses, an empty line before others included; the lines before it stay.
+    // The object keeps a copy of the text until its last line or all lines are removed.
     int parse(const String& text);
 
     // Adds one line at the end of the list. -1 if it does not begin with one of "vosiuepcbzktram" and "=".

@@ -39,7 +39,8 @@ public:
     // Text in, text out
 
     // Replaces the whole description by what a text says. All media sections are destroyed first, also if the text is
-    // refused.
+    // refused. Each of "\r\n", "\n" and "\r" ends a line; empty lines are refused like others, but for those at the
+    // end.
     //
     // -1 if a line does not begin with one of "vosiuepcbzktram" and "=", or if the first "o=" line does not have six
     // words; the description is cleared then, except for the version in the second case. Any other line that can not be
@@ -54,6 +55,9 @@ public:
     // Replaces `*text` by the whole description, each line ended by "\r\n": the session lines in canonical order, then
     // the audio sections, the video sections and the application sections. "v=", "o=" and "t=" are always written,
     // other lines as far as they are set. SDP_INVALID_ARGUMENT if `text` is null.
+    //
+    // The text can be read again only if the origin is complete: both types known, no field empty or with a blank in
+    // it.
     int generate(String* text);
 
     // Generates the text and drops it. Prints nothing.

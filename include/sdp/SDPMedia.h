@@ -48,8 +48,9 @@ public:
     const String& transport() const;
     void setTransport(const char* transport);
 
-    // m=: payload formats, in the order of the line. The pointers stay the section's property; null if there is no such
-    // payload. Mind the type of a number: `unsigned int` is a position, `unsigned short` a payload number.
+    // m=: payload formats, in the order of the line. The pointers stay the section's property, until clear, assignment,
+    // or a payload of the same number takes its place; null if there is no such payload. Mind the type of a number:
+    // `unsigned int` is a position, `unsigned short` a payload number.
     unsigned int nMediaPayload();
     SDPMediaPayload* mediaPayload(unsigned int index);
     SDPMediaPayload* mediaPayload(unsigned short number);

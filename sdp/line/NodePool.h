@@ -19,7 +19,7 @@ public:
     void* take(std::size_t size)
     {
         if (free_) {
-            Link* const node = free_;
+            Free* const node = free_;
             free_ = node->next;
             return node;
         }
@@ -32,13 +32,13 @@ public:
     }
 
     // Takes a node back, to be handed out again.
-    void give(void* node) { free_ = new (node) Link{free_}; }
+    void give(void* node) { free_ = new (node) Free{free_}; }
 
     // Gives all memory back. No node may be in use.
     void release()
     {
         while (blocks_) {
-            Link* const block = blocks_;
+            Block* const block = blocks_;
             blocks_ = block->next;
             ::operator delete(block);
         }
@@ -48,8 +48,13 @@ public:
     }
 
 private:
-    struct alignas(std::max_align_t) Link {
-        Link* next;
+    struct Free {
+        Free* next;
+    };
+
+    // The head of a block; the nodes follow.
+    struct alignas(std::max_align_t) Block {
+        Block* next;
     };
 
     static constexpr std::size_t firstBlock = 16;
@@ -57,15 +62,15 @@ private:
 
     void addBlock(std::size_t size)
     {
-        char* const memory = static_cast<char*>(::operator new(sizeof(Link) + blockSize_ * size));
-        blocks_ = new (memory) Link{blocks_};
-        unused_ = memory + sizeof(Link);
+        char* const memory = static_cast<char*>(::operator new(sizeof(Block) + blockSize_ * size));
+        blocks_ = new (memory) Block{blocks_};
+        unused_ = memory + sizeof(Block);
         left_ = blockSize_;
         blockSize_ = std::min(blockSize_ * 2, largestBlock);
     }
 
-    Link* blocks_ = nullptr;
-    Link* free_ = nullptr;
+    Block* blocks_ = nullptr;
+    Free* free_ = nullptr;
     char* unused_ = nullptr; // what is left of the last block
     std::size_t left_ = 0;
     std::size_t blockSize_ = firstBlock;

@@ -43,6 +43,21 @@ bool isKept(const char* line, unsigned int length)
     return length >= 2 && line[1] == '=' && Impl::rank(Impl::revorder_session, *line) >= 0;
 }
 
+int addLines(Impl& impl, const String& text)
+{
+    MemoryIO stream(impl.keep(text), text.length());
+    LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
+    const char* line = nullptr;
+    unsigned int length = 0;
+    impl.forget();
+    while (reader.readLine(&line, &length) > 0) {
+        if (!isKept(line, length))
+            return -1;
+        impl.append(line, length);
+    }
+    return 0;
+}
+
 // What the session level and the sections have in common
 
 int read(Impl& impl, int section, char type, String* value)
@@ -100,18 +115,13 @@ SDPDesc::~SDPDesc() = default;
 
 int SDPDesc::parse(const String& text)
 {
-    const char* const block = impl_->keep(text);
-    MemoryIO stream(block, text.length());
-    LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
-    const char* line = nullptr;
-    unsigned int length = 0;
-    impl_->forget();
-    while (reader.readLine(&line, &length) > 0) {
-        if (!isKept(line, length))
-            return -1;
-        impl_->append(line, length);
-    }
-    return 0;
+    if (text.length() == 0)
+        return 0;
+    const std::size_t before = impl_->lines.size();
+    const int result = addLines(*impl_, text);
+    if (impl_->lines.size() == before)
+        impl_->dropText();
+    return result;
 }
 
 int SDPDesc::parseLine(const String& line)
@@ -217,7 +227,7 @@ int SDPDesc::attr(int n, String* name, String* value) const
 
 int SDPDesc::removeAttr(int n)
 {
-    return removeOne(*impl_, impl_->numbered(session, n, 'a'));
+    return impl_->removeNumbered(session, n, 'a');
 }
 
 int SDPDesc::hasAttr(const String& name)
@@ -296,7 +306,7 @@ int SDPDesc::mediaAttr(int section, int n, String* name, String* value, char typ
 
 int SDPDesc::removeMediaAttr(int section, int n, char type)
 {
-    return removeOne(*impl_, impl_->numbered(sectionNumber(section), n, type));
+    return impl_->removeNumbered(sectionNumber(section), n, type);
 }
 
 int SDPDesc::hasMediaAttr(int section, const String& name, char type)

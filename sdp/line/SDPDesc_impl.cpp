@@ -207,22 +207,41 @@ int Impl::countNamed(int section, const String& name, char type)
     return n;
 }
 
-void Impl::setNumbered(int section, int n, const String& line, char type)
+void Impl::setNumbered(int section, int n, String line, char type)
 {
     // A look-up of a number that is not there stops at the last line of the run.
     const Position at = numbered(section, n < 0 ? std::numeric_limits<int>::max() : n, type);
     if (at != lines.end()) {
-        *at = line;
+        *at = std::move(line);
         return;
     }
-    const Run before = run(section, type);
-    const bool empty = before.line == lines.end();
-    Run after;
-    after.section = section;
-    after.n = empty ? 0 : before.n + 1;
-    after.line = insert(empty ? levelEnd(section) : std::next(before.line), line);
-    if (type != 'm' && section < nSections())
-        run(section, type) = after;
+    Run known = run(section, type);
+    const bool empty = known.line == lines.end();
+    const Position added = insert(empty ? levelEnd(section) : std::next(known.line), std::move(line));
+    if (type == 'm' || typeOf(*added) != type || section >= nSections())
+        return;
+    known.n = empty ? 0 : known.n + 1;
+    known.line = added;
+    known.count += known.count >= 0;
+    run(section, type) = known;
+}
+
+int Impl::removeNumbered(int section, int n, char type)
+{
+    const Position at = numbered(section, n, type);
+    if (at == lines.end())
+        return -1;
+    Run known = run(section, type);
+    const Position next = std::next(at);
+    const bool followed = next != lines.end() && typeOf(*next) == type;
+    const Position left = followed ? next : n > 0 ? std::prev(at) : lines.end();
+    known.line = left;
+    known.n = followed ? n : n - 1; // -1 if none of the run is left
+    known.count -= known.count > 0;
+    erase(at);
+    if (type != 'm' && left != lines.end())
+        run(section, type) = known;
+    return 0;
 }
 
 // Changes
@@ -250,37 +269,46 @@ void Impl::append(const char* line, unsigned int length)
     lines.push_back(String::inPlace(line, length));
 }
 
-void Impl::place(Position first, Position last, const int* order, const String& line)
+void Impl::dropText()
+{
+    texts_.pop_back();
+}
+
+void Impl::place(Position first, Position last, const int* order, String line)
 {
     const int newRank = rank(order, typeOf(line));
     while (first != last && rank(order, typeOf(*first)) < newRank)
         ++first;
-    if (first != last && rank(order, typeOf(*first)) == newRank) {
-        *first = line;
-        forgetLines(); // lines of different types may rank equal
+    if (first == last || rank(order, typeOf(*first)) != newRank) {
+        insert(first, std::move(line));
         return;
     }
-    insert(first, line);
+    if (typeOf(*first) != typeOf(line))
+        forget(); // types without a rank count as equal
+    *first = std::move(line);
 }
 
-Impl::Position Impl::insert(Position before, const String& line)
+Impl::Position Impl::insert(Position before, String line)
 {
-    const Position added = lines.insert(before, line);
-    forgetLines();
-    if (typeOf(*added) != 'm')
-        return added;
-    if (sectionsKnown_ && before == lines.end())
+    const bool isNewSection = typeOf(line) == 'm';
+    const bool known = sectionsKnown_ && (!isNewSection || before == lines.end());
+    sectionsKnown_ = false; // until all is in
+    const Position added = lines.insert(before, std::move(line));
+    forgetType(typeOf(*added));
+    if (known && isNewSection)
         sections_.push_back(added);
-    else
-        sectionsKnown_ = false;
+    sectionsKnown_ = known;
     return added;
 }
 
 void Impl::erase(Position line)
 {
-    sectionsKnown_ = sectionsKnown_ && typeOf(*line) != 'm';
+    const char type = typeOf(*line);
+    sectionsKnown_ = sectionsKnown_ && type != 'm';
     lines.erase(line);
-    forgetLines();
+    forgetType(type);
+    if (lines.empty())
+        clear(); // which gives their memory back
 }
 
 void Impl::eraseSection(int number)
@@ -290,7 +318,9 @@ void Impl::eraseSection(int number)
         ++nGone_; // so that removing all of them, one by one, does not move the others each time
     else
         sections_.erase(sections_.begin() + static_cast<std::ptrdiff_t>(nGone_) + number);
-    forgetLines();
+    forgetType('m');
+    if (lines.empty())
+        clear();
 }
 
 void Impl::clear()
@@ -304,13 +334,25 @@ void Impl::clear()
 void Impl::forget()
 {
     sectionsKnown_ = false;
-    forgetLines();
+    forgetType('m');
 }
 
-void Impl::forgetLines()
+// A line that comes or goes may part the runs of other types, but there are as many of their lines as before.
+void Impl::forgetType(char type)
 {
-    sessionRun_ = Run();
-    notes_.clear();
+    if (type == 'm') {
+        sessionRun_ = Run();
+        notes_.clear();
+        return;
+    }
+    sessionRun_.n = -1;
+    if (type == 'a')
+        sessionRun_ = Run();
+    for (Notes& notes : notes_) {
+        notes.run.n = -1;
+        if (notes.type == type)
+            notes = Notes(type);
+    }
 }
 
 } // namespace ym::SDP

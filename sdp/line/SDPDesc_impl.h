@@ -72,11 +72,14 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     YM_HIDDEN int countNamed(int section, const String& name, char type);
 
     // Replaces line number n of a run, or adds the line behind the run or at the end of the level.
-    YM_HIDDEN void setNumbered(int section, int n, const String& line, char type);
+    YM_HIDDEN void setNumbered(int section, int n, String line, char type);
+
+    // Removes line number n of a run. 0, or -1 if there is none.
+    YM_HIDDEN int removeNumbered(int section, int n, char type);
 
     // Puts a line at its place by rank among the lines from `first` to `last`: instead of one of equal rank, or before
     // the first one of a higher rank.
-    YM_HIDDEN void place(Position first, Position last, const int* order, const String& line);
+    YM_HIDDEN void place(Position first, Position last, const int* order, String line);
 
     // A copy of a text that lives as long as its lines may be in the list.
     YM_HIDDEN const char* keep(const String& text);
@@ -84,9 +87,12 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     // Adds a line of the text that was kept last. Its place in that is the place of the line: no copy is made of it.
     YM_HIDDEN void append(const char* line, unsigned int length);
 
+    // Gives back the text that was kept last, which must have no line in the list.
+    YM_HIDDEN void dropText();
+
     // All other changes of the list but those of a line's value, and what has to be called before any other change.
     YM_HIDDEN void forget();
-    YM_HIDDEN Position insert(Position before, const String& line);
+    YM_HIDDEN Position insert(Position before, String line);
     YM_HIDDEN void erase(Position line);
     YM_HIDDEN void eraseSection(int number);
     YM_HIDDEN void clear();
@@ -114,7 +120,7 @@ private:
     YM_HIDDEN Run& run(int section, char type);
     YM_HIDDEN Position firstNumbered(int section, char type);
     YM_HIDDEN void findSections();
-    YM_HIDDEN void forgetLines();
+    YM_HIDDEN void forgetType(char type);
 
     // The memory of the list and of its texts.
     NodePool nodes_;
@@ -124,8 +130,7 @@ private:
     };
     std::vector<Text> texts_;
 
-    // The places below are found when they are asked for. When a line comes or goes, they are forgotten, but for the
-    // "m=" lines if it is none of those.
+    // The places below are found when they are asked for, and forgotten when a line comes or goes that may change them.
     std::vector<Position> sections_; // the "m=" lines, behind those of sections that are gone
     std::size_t nGone_ = 0;
     bool sectionsKnown_ = false;

@@ -2,7 +2,9 @@
 
 #include <list>
 #include <memory>
+#include <new>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "support/NumberedPlace.h"
@@ -27,9 +29,10 @@ public:
 
     iterator add(std::unique_ptr<T> object)
     {
+        const bool indexed = !entries_.empty();
         const iterator entry = list_.insert(list_.end(), std::move(object));
-        if (!entries_.empty())
-            entries_.emplace(entry->get(), entry);
+        if (indexed)
+            enter(entry);
         return entry;
     }
 
@@ -80,20 +83,38 @@ private:
     std::vector<iterator> entriesOf(const T* object)
     {
         constexpr std::size_t shortList = 32; // as fast to walk as to look up
-        std::vector<iterator> found;
-        if (list_.size() <= shortList) {
-            for (iterator entry = begin(); entry != end(); ++entry)
-                if (entry->get() == object)
-                    found.push_back(entry);
-            return found;
-        }
+        if (list_.size() <= shortList)
+            return entriesByWalk(object);
         if (entries_.empty())
-            for (iterator entry = begin(); entry != end(); ++entry)
-                entries_.emplace(entry->get(), entry);
+            for (iterator entry = begin(); entry != end() && enter(entry); ++entry) { }
+        if (entries_.empty()) // there was no memory for them
+            return entriesByWalk(object);
+        std::vector<iterator> found;
         const auto [first, last] = entries_.equal_range(object);
         for (auto each = first; each != last; ++each)
             found.push_back(each->second);
         return found;
+    }
+
+    std::vector<iterator> entriesByWalk(const T* object)
+    {
+        std::vector<iterator> found;
+        for (iterator entry = begin(); entry != end(); ++entry)
+            if (entry->get() == object)
+                found.push_back(entry);
+        return found;
+    }
+
+    // An index that lacks an entry would deny what the list holds; rather none than that.
+    bool enter(iterator entry)
+    {
+        try {
+            entries_.emplace(entry->get(), entry);
+            return true;
+        } catch (const std::bad_alloc&) {
+            entries_.clear();
+            return false;
+        }
     }
 
     List list_;

@@ -195,7 +195,7 @@ SDPMediaPayload* SDPMedia::mediaPayload(const String& mapping)
     String text;
     for (const auto& payload : impl_->payloads) {
         payload->payload(&text);
-        if (text.compare(mapping, 0, mapping.length()) == 0)
+        if (isText(text, mapping.chars()) || text.compare(mapping, 0, mapping.length()) == 0)
             return payload.get();
     }
     return nullptr;

@@ -64,8 +64,8 @@ struct Encryption {
     {
         if (!isKnown(newMethod))
             return false;
-        method = newMethod;
         key = newKey;
+        method = newMethod;
         return true;
     }
 

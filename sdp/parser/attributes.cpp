@@ -1,6 +1,5 @@
 // The payloads of a media section, and its "b=" and "a=" lines.
 #include <algorithm>
-#include <cstring>
 #include <memory>
 #include <optional>
 
@@ -33,15 +32,16 @@ private:
     // A text without the white space at its end; empty if there is nothing else.
     String trimmed(const String& text)
     {
-        if (!endsInSpace(text))
+        if (endsInGraph(text))
             return text; // as nearly all do
         trim_.match(text, 0);
         return trim_[1];
     }
 
-    static bool endsInSpace(const String& text)
+    // Whether the last byte is neither white space nor another control character.
+    static bool endsInGraph(const String& text)
     {
-        return text.length() > 0 && std::strchr(" \t\n\v\f\r", text.chars()[text.length() - 1]);
+        return text.length() > 0 && static_cast<unsigned char>(text.chars()[text.length() - 1]) > ' ';
     }
 
     PRegEx separator_{R"(\s*;\s*)", 0};

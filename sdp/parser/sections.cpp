@@ -1,5 +1,6 @@
 // Media sections: the "m=" and "c=" lines of each, and where it goes.
 #include <memory>
+#include <utility>
 
 #include <tovik/PRegEx.h>
 

@@ -1,6 +1,7 @@
 // Lifetime and session-level fields, in the order of the lines that they serve.
 #include <sdp/SDPDescEx.h>
 
+#include "sdp/line/text.h"
 #include "sdp/media/attributes.h"
 #include "sdp/session/SDPDescEx_impl.h"
 

@@ -7,7 +7,6 @@
 #include <tovik/NamedList.h>
 #include <tovik/String.h>
 
-#include "sdp/line/text.h"
 #include "sdp/media/OwnedList.h"
 #include "sdp/media/fields.h"
 

@@ -10,9 +10,10 @@ namespace ym {
 // An ordered sequence of name/value pairs. Names may repeat and are compared exactly, with case; the pairs keep
 // the order in which they were inserted, and position 0 is the oldest.
 //
-// Looking a name up costs no more than the logarithm of the list's length, and a loop over all positions walks the
-// list once. An operation that says "pair number `index` of a name" counts the pairs of that name alone, from 0.
-// A null `String*` means that the output is not wanted; outputs are left alone where the result is false.
+// Looking the first pair of a name up costs no more than the logarithm of the list's length, the others of that name a
+// step each; a loop over all positions walks the list once. An operation that says "pair number `index` of a name"
+// counts the pairs of that name alone, from 0. A null `String*` means that the output is not wanted; outputs are left
+// alone where the result is false.
 class YM_EXPORT NamedList {
 public:
     // An empty list. The separator is kept with the list and has no effect on it.
