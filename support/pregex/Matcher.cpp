@@ -15,7 +15,7 @@ Matcher::Matcher(Pattern& pattern, std::string_view subject)
 bool Matcher::search(unsigned int from, Groups* groups)
 {
     groups->resize(pattern_.nGroups() + 1);
-    groups_ = &(*groups)[0];
+    groups_ = groups->data();
     if (work_ <= allowedWork_ && searchByWalk(from))
         return true;
     return work_ > allowedWork_ && searchByTable(from);

@@ -26,7 +26,7 @@ public:
           pattern_(pattern)
     {
         pattern.steps_.resize(static_cast<unsigned int>(text.size())); // no element is shorter than a byte
-        step_ = &pattern.steps_[0];
+        step_ = pattern.steps_.data();
     }
 
     bool readAll()

@@ -19,8 +19,9 @@ public:
 
     unsigned int size() const { return size_; }
     unsigned int capacity() const { return capacity_; }
+    T* data() { return more_ ? more_.get() : first_; }
     const T* data() const { return more_ ? more_.get() : first_; }
-    T& operator[](unsigned int i) { return more_ ? more_[i] : first_[i]; }
+    T& operator[](unsigned int i) { return data()[i]; }
     const T& operator[](unsigned int i) const { return data()[i]; }
     T& back() { return (*this)[size_ - 1]; }
 
@@ -52,7 +53,7 @@ public:
     {
         size_ = 0; // nothing of the old content is worth a copy
         resize(n);
-        std::copy_n(elements, n, &(*this)[0]);
+        std::copy_n(elements, n, data());
     }
 
 private:
