@@ -14,29 +14,30 @@ void addMembers(const Step& step, ByteSet& set)
         addAll(set, *step.set);
 }
 
-} // namespace
-
 // Reads a pattern from its beginning to its end. Every read... function takes its construct off the text, and gives
 // false or null for one that is not supported.
-class Pattern::Reader {
+class Reader {
 public:
-    Reader(std::string_view text, Pattern& pattern)
+    // `steps` must have a place for each byte of the text: no element is shorter than that.
+    Reader(std::string_view text, Step* steps, Pattern::Brackets& brackets)
         : next_(text.data()),
           end_(text.data() + text.size()),
-          pattern_(pattern)
+          steps_(steps),
+          step_(steps),
+          brackets_(brackets)
     {
-        pattern.steps_.resize(static_cast<unsigned int>(text.size())); // no element is shorter than a byte
-        step_ = pattern.steps_.data();
     }
 
     bool readAll()
     {
-        bool supported = true;
-        while (supported && next_ != end_)
-            supported = readElement(static_cast<unsigned char>(*next_++));
-        pattern_.steps_.resize(static_cast<unsigned int>(step_ - pattern_.steps()));
-        return supported && nOpen_ == 0;
+        while (next_ != end_)
+            if (!readElement(static_cast<unsigned char>(*next_++)))
+                return false;
+        return nOpen_ == 0;
     }
+
+    unsigned int nSteps() const { return static_cast<unsigned int>(step_ - steps_); }
+    unsigned int nGroups() const { return nGroups_; }
 
 private:
     bool readElement(unsigned char c)
@@ -118,7 +119,7 @@ private:
     {
         const bool negated = peek() == '^';
         next_ += negated;
-        ByteSet& set = newBracket();
+        ByteSet& set = brackets_.add();
         set.fill(negated);
         const char* const first = next_;
         while (next_ != end_ && *next_ != ']')
@@ -143,20 +144,12 @@ private:
         return !isRange && !isNamedClass;
     }
 
-    ByteSet& newBracket()
-    {
-        if (pattern_.brackets_.size() < pattern_.brackets_.capacity())
-            return pattern_.brackets_.add();
-        pattern_.moreBrackets_.push_back(std::make_unique<ByteSet>()); // steps point to the others: those may not move
-        return *pattern_.moreBrackets_.back();
-    }
-
     bool open()
     {
-        if (pattern_.nGroups_ == maxGroups)
+        if (nGroups_ == maxGroups)
             return false;
         ++nOpen_;
-        return add(Step::Open, ++pattern_.nGroups_);
+        return add(Step::Open, ++nGroups_);
     }
 
     // Closes the group that was opened last and is not closed yet.
@@ -187,14 +180,22 @@ private:
 
     const char* next_;
     const char* end_;
-    Pattern& pattern_;
+    Step* const steps_;
     Step* step_;
+    Pattern::Brackets& brackets_;
+    unsigned int nGroups_ = 0;
     unsigned int nOpen_ = 0;
 };
 
+} // namespace
+
 Pattern::Pattern(std::string_view text)
 {
-    usable_ = Reader(text, *this).readAll();
+    steps_.resize(static_cast<unsigned int>(text.size()));
+    Reader reader(text, steps_.data(), brackets_);
+    usable_ = reader.readAll();
+    steps_.resize(reader.nSteps());
+    nGroups_ = reader.nGroups();
 }
 
 bool Pattern::findFirst(ByteSet* first) const

@@ -54,12 +54,25 @@ public:
     // Finds the repetitions that are firm. That is worth its time only for a match that goes back again and again.
     void study();
 
-private:
-    class Reader;
+    // The sets that stand in brackets. They do not move while others are added.
+    class Brackets {
+    public:
+        ByteSet& add()
+        {
+            if (first_.size() < first_.capacity())
+                return first_.add();
+            more_.push_back(std::make_unique<ByteSet>());
+            return *more_.back();
+        }
 
+    private:
+        SmallArray<ByteSet, 2> first_;
+        std::vector<std::unique_ptr<ByteSet>> more_;
+    };
+
+private:
     SmallArray<Step, 64> steps_;
-    SmallArray<ByteSet, 2> brackets_;
-    std::vector<std::unique_ptr<ByteSet>> moreBrackets_;
+    Brackets brackets_;
     unsigned int nGroups_ = 0;
     bool usable_;
     bool studied_ = false;
