@@ -1,10 +1,8 @@
 // The line view: operations as words, "set c N", on lists of lines written in one row, "m=1 a=x".
 #include <algorithm>
 #include <functional>
-#include <list>
 #include <map>
 #include <random>
-#include <utility>
 
 #include <sdp/SDPDesc.h>
 
@@ -89,7 +87,6 @@ TEST(SDPDesc, ReadsAndChangesLines)
         {"a=p a=p:1 a=P b=q a=p m=1 a=p", "nAttr; hasAttr p; hasAttr P; hasAttr q; hasMediaAttr 0 a p", "4 2 1 0 1"},
         {"c=1 a=2", "nMedia; media 0 m; media -1 c; hasMedia 0 c; nMediaAttr 0 a; hasMediaAttr 0 a 2", "0 -1 -1 0 0 0"},
         {"m=1 c=1 m=2 c=2 c= m=3", "nMedia; media 1 c; media -1 m; media 2 m; media 2 c; media 3 m", "3 2 1 3 -1 -1"},
-        {"m=1 m=2 c=", "media 0 c; media 1 c; hasMedia 0 c; hasMedia 2 c; hasMedia -1 m", "-1  1 0 1"},
         {"a=0 m=1 a=1 b=1 a=2 m=2 a=3", "nMediaAttr 0 a; nMediaAttr -1 b; nMediaAttr 2 a; nMediaAttr 0 m", "2 1 0 0"},
         {"m=1 b=A:8:9 b=A a=p m=2 a=q", "mediaAttr -7 0 b; mediaAttr 0 1 b; mediaAttr 0 2 b; mediaAttr 0 -1 b",
          "A:8:9 A: -1 -1"},
@@ -112,14 +109,11 @@ TEST(SDPDesc, ReadsAndChangesLines)
         {"m=1 a=1", "setMedia 1 c 2; setMedia 1 m 3; setMedia 1 c 4", "0 0 0", "m=1 a=1 c=2 m=3 c=4"},
         {"c=1 m=1 a=1 m=2 a=2 m=3", "removeMedia 0 m; media 0 m; removeMedia 1 m; nMedia", "0 2 0 1", "c=1 m=2 a=2"},
         {"c=1 m=1 m=2 c=2", "removeMedia 0 c; removeMedia -1 m; nMedia", "0 0 1", "c=1 m=2"},
-        {"m=1 a=1 m=2", "setMediaAttr 0 0 b n; setMediaAttr 0 3 a n v", "0 0", "m=1 a=1 a=n:v b=n m=2"},
         {"m=1 a=1 a=2 b=1 a=3", "setMediaAttr 0 -1 a o; setMediaAttr 4 0 a p", "0 0", "m=1 a=1 a=2 a=o b=1 a=3 a=p"},
         {"", "setMediaAttr 0 0 a n; mediaAttr 0 0 a; attr 0", "0 -1 n:", "a=n"},
         {"m=1 a=p a=q b=1 a=r m=2", "removeMediaAttr 0 1 a; removeMediaAttr 0 1 a", "0 -1", "m=1 a=p b=1 a=r m=2"}};
-    for (const Row& row : rows) {
-        check(row, byChar);
-        check(row, byField);
-    }
+    for (const Row& row : rows)
+        check(row, byChar), check(row, byField);
     // Types without a place go before the section, or to the head of the list, where the next one replaces them.
     check({"m=1 a=1", "setMedia 0 x 1; setMedia 0 \xed 2; setMedia 0 x 3", "0 0 0", "x=1 \xed=2 x=3 m=1 a=1"}, byChar);
     check({"m=1", "set x 2; get x; generate; set \xfe 3; get x; get \xfe; remove \xfe", "0 2 -1 0 -1 3 0"}, byChar);
@@ -140,7 +134,8 @@ TEST(SDPDesc, GeneratesOnlyWhatBeginsLikeADescription)
     EXPECT_EQ(0, list.get('a', nullptr) + list.attr(0, nullptr, nullptr));
     list.clear();
     EXPECT_EQ("0 -1 1 0", run(list, "set 0; get =; has =; has 0", byChar)); // the line is just "="
-    EXPECT_EQ(0, list.parse("m=1\na=2"));
+    EXPECT_EQ(0, list.parse(bytes(std::string("m=1\na=n\0:\0", 10))));
+    EXPECT_EQ(std::string("n\0:\0", 4), run(list, "mediaAttr 0 0 a", byChar));
     EXPECT_EQ(0, list.media(0, 'm', nullptr) + list.mediaAttr(0, 0, nullptr, nullptr, 'a'));
 }
 
@@ -154,8 +149,7 @@ public:
         std::string text;
         for (const std::string& line : lines_)
             text += line + " ";
-        const bool begins = end() > 2 && lines_[0][0] == 'v' && lines_[1][0] == 'o' && lines_[2][0] == 's';
-        return begins ? *out = bytes(text), 0 : -1;
+        return end() > 2 && is(0, 'v') && is(1, 'o') && is(2, 's') ? *out = bytes(text), 0 : -1;
     }
 
     int set(char t, const String& value) { return t == 'm' ? -1 : place({0, end()}, "vosiuepcbzktram", t, value); }
@@ -171,115 +165,85 @@ public:
     int setMedia(int n, char t, const String& value) { return place({head(n), under(n).to}, "micbka", t, value); }
     int media(int n, char t, String* value) const { return read({head(n), under(n).to}, t, value); }
     int hasMedia(int n, char t) const { return first({head(n), end()}, t) < end(); }
-    int removeMedia(int n, char t)
-    {
-        if (t != 'm' || head(n) == end())
-            return take(first({head(n), end()}, t));
-        for (At left = under(n).to - head(n), at = head(n); left > 0; --left)
-            take(at);
-        return 0;
-    }
+    int removeMedia(int n, char t) { return t == 'm' ? take(head(n), under(n).to) : take(first({head(n), end()}, t)); }
     int nMediaAttr(int n, char t) const { return count(under(n), t); }
-    int setMediaAttr(int n, int i, const String& name, const String& value, char t)
-    {
-        return setRun(under(n, t), i, t, name, value);
-    }
+    int setMediaAttr(int n, int i, const String& a, const String& b, char t) { return setRun(under(n, t), i, t, a, b); }
     int mediaAttr(int n, int i, String* a, String* b, char t) const { return cut(inRun(under(n, t), i, t), a, b); }
     int removeMediaAttr(int n, int i, char t) { return take(inRun(under(n, t), i, t)); }
     int hasMediaAttr(int n, const String& name, char t) const { return named(under(n, t), t, name); }
 
 private:
     using At = std::size_t;
+    using Step = std::ptrdiff_t;
     struct Part {
         At from, to;
+
+        bool empty() const { return from >= to; }
+        Part rest() const { return {from + 1, to}; }
     };
 
     At end() const { return lines_.size(); }
+    bool is(At at, char t) const { return lines_[at][0] == t; }
     Part session() const { return {0, head(0)}; }
 
     // The "m=" line of a section, and what stands under it. Nothing stops the search for "m=" lines.
-    At head(int n) const
-    {
-        At at = first({0, end()}, 'm');
-        while (at < end() && n-- > 0)
-            at = first({at + 1, end()}, 'm');
-        return at;
-    }
-    Part under(int n, char t = 'a') const
-    {
-        const At from = std::min(head(n) + 1, end());
-        return {from, t == 'm' ? end() : first({from, end()}, 'm')};
-    }
+    At head(int n) const { return first({n > 0 ? head(n - 1) + 1 : 0, end()}, 'm'); }
+    Part under(int n, char t = 'a') const { return {head(n) + 1, t == 'm' ? end() : head(std::max(n, 0) + 1)}; }
 
-    At first(Part part, char t) const
+    At first(Part p, char t) const { return p.empty() ? end() : is(p.from, t) ? p.from : first(p.rest(), t); }
+    int count(Part p, char t) const { return p.empty() ? 0 : is(p.from, t) + count(p.rest(), t); }
+    Part run(Part p, char t) const { return {std::min(first(p, t), p.to), p.to}; }
+    At inRun(Part p, int n, char t) const { return nth(run(p, t), n, t); }
+    At nth(Part run, int n, char t) const
     {
-        while (part.from < part.to && lines_[part.from][0] != t)
-            ++part.from;
-        return part.from < part.to ? part.from : end();
+        return run.empty() || !is(run.from, t) ? end() : n == 0 ? run.from : nth(run.rest(), n - 1, t);
     }
-    int count(Part part, char t) const
-    {
-        int n = 0;
-        for (; part.from < part.to; ++part.from)
-            n += lines_[part.from][0] == t;
-        return n;
-    }
-    At inRun(Part part, int n, char t) const
-    {
-        At at = first(part, t);
-        while (at < part.to && lines_[at][0] == t && n-- != 0)
-            ++at;
-        return at < part.to && lines_[at][0] == t ? at : end();
-    }
-    int named(Part part, char t, const String& name) const
+    At runEnd(Part run, char t) const { return run.empty() || !is(run.from, t) ? run.from : runEnd(run.rest(), t); }
+    int named(Part p, char t, const String& name) const
     {
         int n = 0;
         String found;
-        String value;
-        for (int i = 0; cut(inRun(part, i, t), &found, &value) == 0; ++i)
+        for (int i = 0; cut(inRun(p, i, t), &found, nullptr) == 0; ++i)
             n += str(found) == str(name);
         return n;
     }
 
-    int setRun(Part part, int n, char t, const String& name, const String& value)
+    int setRun(Part p, int n, char t, const String& name, const String& value)
     {
-        const At found = inRun(part, n, t);
-        At added = std::min(first(part, t), part.to);
-        while (added < part.to && lines_[added][0] == t)
-            ++added;
+        const At found = inRun(p, n, t);
         const std::string line = std::string(1, t) + "=" + str(name) + (value.length() > 0 ? ":" : "") + str(value);
-        return put(found < end() ? found : added, found < end(), line);
+        return put(found < end() ? found : runEnd(run(p, t), t), found < end(), line);
     }
-    int place(Part part, const std::string& order, char t, const String& value)
+    int place(Part p, const std::string& order, char t, const String& value)
     {
         const auto rank = [&](char c) { return static_cast<int>(order.find(c)); }; // -1 if it is not there
-        while (part.from < part.to && rank(lines_[part.from][0]) < rank(t))
-            ++part.from;
-        const bool replaces = part.from < part.to && rank(lines_[part.from][0]) == rank(t);
-        return put(part.from, replaces, std::string(1, t) + "=" + str(value));
+        while (p.from < p.to && rank(lines_[p.from][0]) < rank(t))
+            ++p.from;
+        const bool replaces = p.from < p.to && rank(lines_[p.from][0]) == rank(t);
+        return put(p.from, replaces, std::string(1, t) + "=" + str(value));
     }
     int put(At at, bool replaces, const std::string& line)
     {
-        if (replaces)
-            take(at);
-        lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), line);
-        return 0;
+        return replaces ? lines_[at] = line, 0 : (lines_.insert(lines_.begin() + Step(at), line), 0);
     }
-    int take(At at) { return at < end() ? lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(at)), 0 : -1; }
-
-    int read(Part part, char t, String* value) const
+    int take(At at) { return take(at, at + 1); }
+    int take(At at, At to)
     {
-        const At at = first({part.from, t == 'm' ? end() : part.to}, t);
+        return at < end() ? lines_.erase(lines_.begin() + Step(at), lines_.begin() + Step(to)), 0 : -1;
+    }
+
+    int read(Part p, char t, String* value) const
+    {
+        const At at = first({p.from, t == 'm' ? end() : p.to}, t);
         return at < end() ? *value = bytes(lines_[at].substr(2)), 0 : -1;
     }
     int cut(At at, String* name, String* value) const
     {
-        if (at >= end())
+        if (at == end())
             return -1;
-        const std::string text = lines_[at].substr(2) + ":";
-        *name = bytes(text.substr(0, text.find(':')));
-        *value = bytes(text.substr(0, text.size() - 1).substr(std::min(text.find(':') + 1, text.size() - 1)));
-        return 0;
+        const std::size_t colon = lines_[at].find(':');
+        *name = bytes(lines_[at].substr(2, std::max<std::size_t>(colon, 2) - 2));
+        return value ? *value = bytes(colon == std::string::npos ? "" : lines_[at].substr(colon + 1)), 0 : 0;
     }
 
     std::vector<std::string> lines_;
@@ -288,13 +252,18 @@ private:
 TEST(SDPDesc, BehavesLikeAPlainListWhateverStandsBehindItsNumbers)
 {
     std::mt19937 random{1};
-    const auto one = [&](const std::vector<std::string>& of) { return of[random() % of.size()]; };
-    const std::vector<std::string> changes
-        = {"set T N",        "remove T",        "setAttr # N V",          "removeAttr #",         "setMedia # T N",
-           "setMedia 9 m N", "removeMedia # T", "setMediaAttr # # A N V", "removeMediaAttr # # A"};
-    const std::vector<std::string> reads
-        = {"get T",     "has T",        "nAttr",          "attr #",          "hasAttr N",          "nMedia",
-           "media # T", "hasMedia # T", "nMediaAttr # T", "mediaAttr # # A", "hasMediaAttr # A N", "generate"};
+    const auto one = [&](const std::string& of, char separator = ' ') {
+        std::vector<std::string> words;
+        std::istringstream in(of);
+        for (std::string word; std::getline(in, word, separator);)
+            words.push_back(word);
+        return words[random() % words.size()];
+    };
+    const std::string changes
+        = "set T N;remove T;setAttr # N V;removeAttr #;setMedia # T N;setMedia 9 m N;removeMedia # T;"
+          "setMediaAttr # # A N V;removeMediaAttr # # A";
+    const std::string reads = "get T;has T;nAttr;attr #;hasAttr N;nMedia;media # T;hasMedia # T;nMediaAttr # T;"
+                              "mediaAttr # # A;hasMediaAttr # A N;generate";
     for (int i = 0; i < 500 && !testing::Test::HasFailure(); ++i) {
         SDPDesc list(" ");
         PlainList plain;
@@ -302,21 +271,20 @@ TEST(SDPDesc, BehavesLikeAPlainListWhateverStandsBehindItsNumbers)
         const auto both = [&](const std::string& words) {
             std::string command = words.substr(0, words.find(' '));
             for (const char c : words.substr(command.size()))
-                command += c == 'T' ? one({"a", "b", "c", "m", "t", "k", "x", "\xe1"})
-                    : c == 'A'      ? one({"a", "b", "m"})
-                    : c == '#'      ? one({"-1", "0", "0", "1", "1", "2", "3", "4"})
-                    : c == 'N'      ? one({"n", "p", "q"})
-                    : c == 'V'      ? one({"", "v", "v:w"})
+                command += c == 'T' ? one("a b c m t k x \xe1")
+                    : c == 'A'      ? one("a b m")
+                    : c == '#'      ? one("-1 0 0 1 1 2 3 4")
+                    : c == 'N'      ? one("n p q")
+                    : c == 'V'      ? one(" v v:w")
                                     : std::string(1, c);
             log += command + "\n";
             EXPECT_EQ(run(plain, command, byChar), run(list, command, byChar)) << log;
         };
-        for (const char* line : {"v=", "o=", "s="})
-            both(std::string("parseLine ") + line);
+        both("parseLine v="), both("parseLine o="), both("parseLine s=");
         for (auto n = random() % 12; n > 0; --n)
-            both("parseLine " + one({"a", "a", "a", "b", "c", "m", "m"}) + "=N:V");
+            both("parseLine " + one("a a a b c m m") + "=N:V");
         for (int step = 0; step < 90; ++step)
-            both(one(step % 9 == 0 ? changes : reads));
+            both(one(step % 9 == 0 ? changes : reads, ';'));
     }
 }
 
@@ -357,20 +325,16 @@ TEST(SDPDescState, HasRanksAndWalks)
 
     for (const char* line : {"v=", "a=0", "a=1", "m=2", "a=3", "m=4", "b"})
         state.lines.push_back(line);
-    const struct {
-        int from, n;
-        char type; // NUL for the walk over the "m=" lines
-        const char* line;
-    } walks[] = {{0, 0, 'a', "a=0"}, {0, 1, 'a', "a=1"}, {0, 2, 'a', "end"}, {0, -3, 'a', "a=0"},
-                 {3, 0, 'a', "end"}, {4, 0, 'a', "a=3"}, {0, 1, 'm', "m=4"}, {6, 0, 'b', "b"},
-                 {7, 0, 'a', "end"}, {0, -1, 0, "m=2"},  {4, 0, 0, "m=4"},   {0, 2, 0, "end"}};
-    for (const auto& row : walks) {
-        const auto from = std::next(state.lines.begin(), row.from);
-        const auto at
-            = row.type ? state.skip_until_attribute(from, row.n, row.type) : state.skip_until_mediadesc(from, row.n);
-        EXPECT_EQ(row.line, at == state.lines.end() ? "end" : str(*at))
-            << row.n << " from " << row.from << " " << row.type;
+    std::string walked;
+    const auto note = [&](auto at) { walked += at == state.lines.end() ? "end " : str(*at) + " "; };
+    const auto from = [&](int n) { return std::next(state.lines.begin(), n); };
+    const int walks[][2] = {{0, 0}, {0, 1}, {0, 2}, {0, -3}, {3, 0}, {4, 0}, {7, 0}};
+    for (const auto& [start, n] : walks) {
+        note(state.skip_until_attribute(from(start), n, 'a'));
+        note(state.skip_until_mediadesc(from(start), n));
     }
+    note(state.skip_until_attribute(from(0), 1, 'm'));
+    EXPECT_EQ("a=0 m=2 a=1 m=4 end end a=0 m=2 end m=2 a=3 m=4 end end m=4 ", walked);
 }
 
 } // namespace

@@ -42,26 +42,18 @@ TEST(PRegEx, FindsGroups)
         const char* pattern;
         std::vector<std::string> cases; // "subject => group|group|", or "subject => " for no match
     } rows[] = {
-        {mapping,
-         {"PCMU/8000 => PCMU|8000||", "L16/44100/2 => L16|44100|2|", "L16/44100/22 => L16/44100|22||",
-          "PCMU/8000x => PCMU|8000|x|", "a/PCMU/8000/ => a/PCMU|8000||", "//10 => /|10||", "X/9 => ", "/8000 => "}},
+        {mapping, {"L16/44100/2 => L16|44100|2|", "L16/44100/22 => L16/44100|22||", "a/b/80/ => a/b|80||", "X/9 => "}},
         {origin, {" a b\tc  IN IP4 d  => a|b|c|IN|IP4|d|", "a b c IN IP4 => ", "a b c IN IP4 d e => "}},
-        {connection,
-         {" IN IP4 224.2.1.1/127/3 => IN|IP4|224.2.1.1|127/3|", "IN IP4 1.2.3.4/ => IN|IP4|1.2.3.4||",
-          "IN IP4 a(b)/3 => IN|IP4|a|(b)/3|", "IN IP4 1.2.3.4  => ", "IN IP4 (a) => ", "IN IP4 |a => "}},
+        {connection, {" IN IP4 a.b/127/3 => IN|IP4|a.b|127/3|", "IN IP4 a(b)/3 => IN|IP4|a|(b)/3|", "IN IP4 |a => "}},
         {connectionTail, {"127/3 => 127|3|", "1 2 => 1 2||", "1(2 => 1|(2|", "/3 => "}},
         {startStop, {"1\t 2 => 1|2|", "1 2  => ", " 1 2 => "}},
         {key, {"prompt => prompt||", "uri:x:y => uri|x:y|", "clear:a b => ", ":xyz => "}},
         {bandwidth, {"X:1:2 => X:1|2|", "AS:12a => "}},
-        {media,
-         {"audio 9 RTP/AVP  0 8 => audio|9|RTP/AVP|0 8|", "audio\t9 RTP/AVP  => audio|9|RTP/AVP||",
-          "audio 9 RTP/AVP => ", "video 9/2 RTP/AVP 31 => ", "audio 9 x y\nz => "}},
+        {media, {"audio\t9 x  0 8 => audio|9|x|0 8|", "audio 9 x  => audio|9|x||", "a 9 x => ", "a 9 x y\nz => "}},
         {numbered, {"96  => 96||", "96 => "}},
         {parameter, {" a = 1  => a |1 |", "x=a=b => x|a=b|", "  = => ||", "x => "}},
         {trim, {" a b \t =>  a b|", "a\nb => b|", "    => ", " => "}},
         {"(a*)(a+)(a{0,1})", {"aaa => aa|a||", "b => "}},
-        {"(a{0,1})(a*)", {"baa => ||", "aaa => a|aa|"}},
-        {"(ab*)(b)", {"xabbbab => abb|b|", "aab => a|b|"}},
         {"((a)(b*))c", {"abbc => abb|a|bb|", "abab => "}},
         {"([-.*+$]+)([^^]*).([\\d;a]+)", {"1.*+-$x^1;a^ => .*+-$|x|1;a|", "^x => "}},
         {"(\\s+)", {"a \t\n\v\f\rb =>  \t\n\v\f\r|", "\x85\xa0\x1c => "}},
@@ -121,28 +113,23 @@ TEST(PRegEx, StartsWhereItIsToldAndHasNoGroupsWhereThereAreNone)
 
 TEST(PRegEx, Splits)
 {
-    const struct {
-        const char* pattern;
-        int limit;
-        std::vector<std::string> cases; // "subject => piece|piece|"
-    } rows[] = {
-        {parameterSplit,
-         0x7FFFFFFF,
-         {"a = 1 ;\tb=2  => a = 1|b=2 |", ";a;;b; ;  => |a||b|", " ;;  => ", " => ", "   =>   |"}},
-        {formatSplit, 0x7FFFFFFF, {"0   8 \t9\t 10  => 0|8|9|10|", " 0\t8 => |0\t8|"}},
-        {";", 2, {"a;b;c => a|b;c|"}},
-        {";", 1, {"a;b;c => a;b;c|"}},
-        {";", -1, {"a;b;c => a|b|c|"}},
-        {"b*", 0, {"abbc => a|c|", "ac => a|c|"}},
-        {"^a", 0, {"aab => |ab|"}},
-    };
-    for (const auto& row : rows)
-        for (const std::string& text : row.cases) {
+    const auto expect = [](const char* pattern, int limit, const std::vector<std::string>& cases) {
+        for (const std::string& text : cases) { // "subject => piece|piece|"
             const auto [subject, pieces] = sidesOf(text);
-            PRegEx pattern(ym::String(row.pattern), 0);
-            const int n = pattern.split(bytes(subject), row.limit);
-            EXPECT_EQ(pieces + "|", partsOf(pattern, 0, n + 1)) << row.pattern << " on " << text;
+            PRegEx separator(ym::String(pattern), 0);
+            const int n = separator.split(bytes(subject), limit);
+            EXPECT_EQ(pieces + "|", partsOf(separator, 0, n + 1)) << pattern << " on " << text;
         }
+    };
+    constexpr int most = 0x7FFFFFFF;
+    expect(parameterSplit, most,
+           {"a = 1 ;\tb=2  => a = 1|b=2 |", ";a;;b; ;  => |a||b|", " ;;  => ", " => ", "   =>   |"});
+    expect(formatSplit, most, {"0   8 \t9\t 10  => 0|8|9|10|", " 0\t8 => |0\t8|"});
+    expect(";", 2, {"a;b;c => a|b;c|"});
+    expect(";", 1, {"a;b;c => a;b;c|"});
+    expect(";", -1, {"a;b;c => a|b|c|"});
+    expect("b*", 0, {"abbc => a|c|", "ac => a|c|"});
+    expect("^a", 0, {"aab => |ab|"});
 }
 
 // An element of a random pattern: "^", "$", "(", ")", or a set of bytes with its repetition.
@@ -250,8 +237,8 @@ TEST(PRegEx, MatchesLikeTheJudge)
         ASSERT_EQ(judge.search(), found ? partsOf(engine, 0, nGroups + 1) : "") << text << " on " << subject;
         const std::size_t limit = below(2) == 0 ? 0x7FFFFFFF : 1 + below(4);
         const int nPieces = engine.split(bytes(subject), static_cast<int>(limit));
-        const std::string pieces = judge.split(limit) + (nPieces > 0 ? "|" : "");
-        ASSERT_EQ(pieces, partsOf(engine, 0, nPieces)) << text << " splits " << subject;
+        const std::string pieces = judge.split(limit);
+        ASSERT_EQ(pieces + (pieces.empty() ? "" : "|"), partsOf(engine, 0, nPieces)) << text << " splits " << subject;
     }
 }
 

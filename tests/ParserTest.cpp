@@ -1,6 +1,9 @@
 // Texts in, texts out.
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
+#include <sdp/SDPDesc.h>
 #include <sdp/SDPDescEx.h>
 
 #include "support.h"
@@ -10,6 +13,13 @@ using namespace ym::SDP;
 using ym::String;
 
 namespace {
+
+std::string contentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 // Rows "in => out", with "$" for what a cleared session generates: what comes out of the objects after a text. It must
 // be taken, and the objects held something else before.
@@ -36,7 +46,7 @@ TEST(Parser, ReadsSessionLines)
            "m=audio 9 x 0|v=1|s=s|i=i|c=IN IP4 a|b=A:1|k=clear|t=1 2|r=r| => $m=audio 9 x 0|c=IN IP4 a|b=A:1|",
            "c=IN IP4 a|m=audio 9 x 0| => v=0|o=- 0 0   |s=session|c=IN IP4 a|t=0 0|m=audio 9 x 0|",
 
-           // Values that have not the form of their line
+           // Values that are clamped, that are not of the form of their line, or that are kept as they are
            "s=| => v=0|o=- 0 0   |t=0 0|", "v=70000| => v=65535|o=- 0 0   |s=session|t=0 0|", "v=-1| => $",
            "o=a b c XX YY d| => v=0|o=a b c   d|s=session|t=0 0|", "t=1 2 | => $", "t= 1 2| => $", "t=1 a| => $",
            "t=4294967296 99999999999| => v=0|o=- 0 0   |s=session|t=4294967295 4294967295|", "b=AS:| => $",
@@ -47,31 +57,20 @@ TEST(Parser, ReadsSessionLines)
 
 TEST(Parser, ReadsConnectionsOnTwoLevels)
 {
-    const struct {
-        const char* in;
-        const char* session; // what stands behind "c=", or the empty text for no line
-        const char* section;
-    } rows[] = {{"IN IP4 224.2.1.1", "IN IP4 224.2.1.1", "IN IP4 224.2.1.1"},
-                {"  IN\tIP6  ::1/", "IN IP6 ::1", "IN IP6 ::1"},
-                {"IN IP4 a/127", "IN IP4 a/127", "IN IP4 a/127"},
-                {"IN IP4 a/127/3", "IN IP4 a/127/3", "IN IP4 a/127"},
-                {"IN IP4 a/4294967296/x", "IN IP4 a/4294967295", "IN IP4 a/4294967296"},
-                {"IN IP4 a/x/3", "IN IP4 a", "IN IP4 a/x"},
-                {"IN IP4 a//3", "IN IP4 a", "IN IP4 a"},
-                {"IN IP4 a(3", "IN IP4 a", "IN IP4 a"},
-                {"IN IP4 a|3", "IN IP4 a", "IN IP4 a/|3"},
-
-                // No connection
-                {"IN IP4 1.2.3.4 ", "", ""},
-                {"IN IP4 (a)", "", ""},
-                {"IN IP4", "", ""},
-                {"XX IP4 a", "", ""},
-                {"IN ip4 a", "", ""}};
-    for (const auto& row : rows) {
+    // "value => line of the session => line of the section", which may be the same
+    for (const std::string row :
+         {"IN IP4 224.2.1.1", "  IN\tIP6  ::1/ => IN IP6 ::1", "IN IP4 a/127",
+          "IN IP4 a/127/3 => IN IP4 a/127/3 => IN IP4 a/127",
+          "IN IP4 a/4294967296/x => IN IP4 a/4294967295 => IN IP4 a/4294967296", "IN IP4 a//3 => IN IP4 a",
+          // An address only, or no connection at all
+          "IN IP4 a/x/3 => IN IP4 a => IN IP4 a/x", "IN IP4 a(3 => IN IP4 a", "IN IP4 a|3 => IN IP4 a => IN IP4 a/|3",
+          "IN IP4 1.2.3.4  => ", "IN IP4 (a) => ", "IN IP4 => ", "XX IP4 a => ", "IN ip4 a => "}) {
+        const auto [in, out] = sidesOf(row);
+        const auto [session, section] = sidesOf(out);
         SDPDescEx d;
-        ASSERT_EQ(0, d.parse((std::string("c=") + row.in + "\nm=audio 9 x 0\nc=" + row.in + "\nc=IN IP4 z\n").c_str()));
-        const std::string lines = std::string("v=0|o=- 0 0   |s=session|c=") + row.session + "|t=0 0|m=audio 9 x 0|c=";
-        EXPECT_EQ(replaced(lines + row.section + "|", "c=|", ""), generated(d)) << row.in;
+        ASSERT_EQ(0, d.parse(bytes("c=" + in + "\nm=audio 9 x 0\nc=" + in + "\nc=IN IP4 z\n")));
+        const std::string lines = replaced(cleared, "t=", "c=" + session + "|t=") + "m=audio 9 x 0|c=" + section + "|";
+        EXPECT_EQ(replaced(lines, "c=|", ""), generated(d)) << row;
     }
     SDPDescEx d;
     ASSERT_EQ(0, d.parse("c=XX YY a/1/2\nm=audio 9 x 0\nc=XX YY a/1/2\n"));
@@ -117,7 +116,7 @@ TEST(Parser, ReadsSections)
         "m=audio 1 x 0|a=x|m=video 2 x 0|",
         "m=video 49170/2 RTP/AVP 31|a=x|b=AS:1| => ", "m=audio 9 RTP/AVP|a=x| => ", "m= audio 9 RTP/AVP 0| => ",
 
-        // Formats
+        // Sections without some part, and formats
         "m=|m=audio 9| => ", "m=audio 9 RTP/AVP |a=x|a=sendonly|b=AS:1| => m=audio 9 RTP/AVP|b=AS:1|a=sendonly|",
         "m=audio 70000 x 70000| => m=audio 65535 x 65535|", "m=audio\t9 x  0   8 | => m=audio 9 x 0 8|",
         "m=audio 9 x 1\t2| => m=audio 9 x 0|", "m=audio 9 x 1\t 2| => m=audio 9 x 1 2|",
@@ -174,49 +173,67 @@ TEST(Parser, TakesHostileTexts)
             text += before + std::to_string(i) + behind;
         return text;
     };
-    const std::string audio = "m=audio 9 x 0";
-    const std::string line = audio + "\n";
+    const std::string line = "m=audio 9 x 0\n";
     const std::string nul(1, '\0');
+    const std::string runs = repeated("a=x\nb=AS:1\n", 30000);
     constexpr std::size_t n = 300000;
     const struct {
         std::string text;
         unsigned int nMedia;
         int nLines; // of the text that comes out
-    } rows[] = {{repeated("m=\n", n), 0, 4},
-                {repeated(line + "c=IN IP4 a\na=x\n", 30000), 30000, 90004},
-                {line + numbered("a=x", "\n"), 1, 65541},
-                {numbered("a=x", "\n"), 0, 65540},
-                {line + "a=rtpmap:0 x/80\n" + numbered("a=x", ":y\n"), 1, 65542},
-                {line + numbered("a=x:", "\n"), 1, 6},
-                {numbered("a=x:", "\n"), 0, 65540},
-                {"m=audio 9 x" + numbered(" ", "") + "\n" + numbered("a=rtpmap:", " x/80\n"), 1, 65541},
-                {audio + repeated(" 7", n) + "\n" + repeated("a=rtpmap:7 x/80\n", 30000), 1, 6},
-                {line + "a=fmtp:0 " + numbered("p", "=1;"), 1, 6},
-                {line + numbered("a=fmtp:0 p=", "\n"), 1, 6},
-                {line + "a=fmtp:0 x=1" + repeated(" ", n) + "y", 1, 6},
-                {audio + repeated("\t", n) + "1", 1, 5},
-                {audio + repeated(" ", n) + "1", 1, 5},
-                {line + "a=rtpmap:0 " + repeated("/11", n) + " ", 1, 5},
-                {"c=IN IP4 " + repeated("1", n) + " \n" + line + "c=IN IP4 a/" + repeated("/", n) + "(", 1, 6},
-                {"b=" + repeated("1:", n) + "\nt=" + repeated("1", n) + " \nk=" + repeated("x", n) + " :", 0, 4},
-
-                // NUL bytes, runs that are broken, and a long name
-                {"s=" + repeated("x", n), 0, 4},
-                {line + repeated("a=x\nb=AS:1\n", n / 10), 1, 7},
-                {repeated("a=x\nb=AS:1\n", n / 10), 0, 6},
-                {line + "a=" + repeated(nul, n) + "\na=x" + nul + "y\n", 1, 7},
-                {repeated("a=x:" + nul + "\n", n / 10) + line, 1, 30005}};
+    } rows[]
+        = {{repeated("m=\n", n) + repeated(line + "c=IN IP4 a\na=x\n", 30000), 30000, 90004},
+           {numbered("a=x", "\n") + line + numbered("a=x", "\n"), 1, 131077},
+           {numbered("a=x:", "\n") + line + numbered("a=x:", "\n"), 1, 65542},
+           {line + "a=rtpmap:0 x/80\n" + numbered("a=x", ":y\n"), 1, 65542},
+           {"m=audio 9 x" + numbered(" ", "") + "\n" + numbered("a=rtpmap:", " x/80\n"), 1, 65541},
+           {"m=audio 9 x" + repeated(" 7", n) + "\n" + repeated("a=rtpmap:7 x/80\n", 30000), 1, 6},
+           {line + "a=fmtp:0 " + numbered("p", "=1;") + "\n" + numbered("a=fmtp:0 p=", "\n"), 1, 6},
+           {line + "a=fmtp:0 x=1" + repeated(" ", n) + "y\na=rtpmap:0 " + repeated("/11", n) + " ", 1, 6},
+           {"m=audio 9 x 0" + repeated("\t", n) + "1\nm=audio 9 x 0" + repeated(" ", n) + "1", 2, 6},
+           {"c=IN IP4 " + repeated("1", n) + " \n" + line + "c=IN IP4 a/" + repeated("/", n) + "(", 1, 6},
+           {"b=" + repeated("1:", n) + "\nt=" + repeated("1", n) + " \nk=" + repeated("x", n) + " :", 0, 4},
+           {"s=" + repeated("x", n) + "\n" + runs + line + runs, 1, 9},
+           {repeated("a=x:" + nul + "\n", n / 10) + line + "a=" + repeated(nul, n) + "\na=x" + nul + "y\n", 1, 30007}};
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.text.substr(0, 80));
         SDPDescEx d;
         String text;
-        EXPECT_EQ(0, d.parse(bytes(row.text))) << row.text.substr(0, 80);
+        EXPECT_EQ(0, d.parse(bytes(row.text)));
         EXPECT_EQ(0, d.generate(&text));
-        EXPECT_EQ(row.nMedia, d.nMedia()) << row.text.substr(0, 80);
-        EXPECT_EQ(row.nLines, std::count(text.chars(), text.chars() + text.length(), '\n')) << row.text.substr(0, 80);
+        EXPECT_EQ(row.nMedia, d.nMedia());
+        EXPECT_EQ(row.nLines, std::count(text.chars(), text.chars() + text.length(), '\n'));
     }
-    SDPDescEx d;
     for (const std::string& text : {"o=" + repeated(" ", n), "o=" + repeated("x ", n), repeated("\n", n) + "s=x"})
-        EXPECT_EQ(-1, d.parse(bytes(text)));
+        EXPECT_EQ(-1, SDPDescEx().parse(bytes(text)));
+}
+
+// Descriptions as programs have written them, through both views.
+TEST(RealDescriptions, ComeThroughBothViews)
+{
+    int n = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(YM_TEST_DATA)) {
+        std::filesystem::path path = entry.path();
+        if (path.extension() != ".sdp")
+            continue;
+        SCOPED_TRACE(path.filename());
+        ++n;
+        const std::string text = contentOf(path);
+
+        SDPDesc lines("\n");
+        String out;
+        EXPECT_EQ(0, lines.parse(bytes(text)));
+        EXPECT_EQ(0, lines.generate(&out));
+        EXPECT_EQ(replaced(text, "\r\n", "\n"), str(out));
+
+        SDPDescEx objects;
+        EXPECT_EQ(0, objects.parse(bytes(text)));
+        EXPECT_EQ(0, objects.generate(&out));
+        EXPECT_EQ(contentOf(path.replace_extension(".out")), str(out));
+        EXPECT_EQ(0, objects.parse(out));
+        EXPECT_EQ(replaced(str(out), "\r\n", "|"), generated(objects));
+    }
+    EXPECT_EQ(19, n);
 }
 
 } // namespace

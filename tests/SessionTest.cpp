@@ -9,6 +9,11 @@ using ym::String;
 
 namespace {
 
+constexpr NetworkType None = NetworkTypeNone;
+constexpr NetworkType IN = NetworkTypeIN;
+constexpr AddressType IP4 = AddressTypeIP4;
+constexpr AddressType IP6 = AddressTypeIP6;
+
 SDPMedia* newMedia(const char* type, unsigned int port = 0)
 {
     auto* media = new SDPMedia;
@@ -19,24 +24,13 @@ SDPMedia* newMedia(const char* type, unsigned int port = 0)
 
 void fillAll(SDPDescEx& d)
 {
-    d.setVersion(tooMuch);
-    d.setOrig("u", "99999999999999999999", "v", NetworkTypeIN, AddressTypeIP6, "::1");
-    d.setSessionName("name");
-    d.setSessionDesc("text");
-    d.setUri("uri");
-    d.setEmail("mail");
-    d.setPhone("+1");
-    d.setConnection(NetworkTypeIN, AddressTypeIP4, "224.2.1.1", tooMuch, tooMuch);
-    d.setBandwidth("AS", tooMuch);
-    d.setTimezoneAjust("1 -1h");
-    d.setEncryption("uri", "key");
-    d.setTime(tooMuch, 1);
-    d.setRepeat("7d 1h 0");
+    d.setVersion(tooMuch), d.setOrig("u", "99999999999999999999", "v", IN, IP6, "::1");
+    d.setSessionName("name"), d.setSessionDesc("text"), d.setUri("uri"), d.setEmail("mail"), d.setPhone("+1");
+    d.setConnection(IN, IP4, "224.2.1.1", tooMuch, tooMuch), d.setBandwidth("AS", tooMuch);
+    d.setTimezoneAjust("1 -1h"), d.setEncryption("uri", "key"), d.setTime(tooMuch, 1), d.setRepeat("7d 1h 0");
     d.addAttr("tool", "x:y");
-    d.addMediaVideo(newMedia("video", 1));
-    d.addMediaApplication(newMedia("application", 2));
-    d.addMediaAudio(newMedia("audio", 3));
-    d.addMediaVideo(newMedia("audio", 4));
+    d.addMediaVideo(newMedia("video", 1)), d.addMediaApplication(newMedia("application", 2));
+    d.addMediaAudio(newMedia("audio", 3)), d.addMediaVideo(newMedia("audio", 4));
     d.addAttr("recvonly", "");
 }
 
@@ -48,92 +42,58 @@ const std::string allLines
 // One letter for each part that is there: mostly the type of its line.
 std::string presence(SDPDescEx& d)
 {
-    const bool is[] = {d.hasSessionName(),
-                       d.hasSessionDesc(),
-                       d.hasUri(),
-                       d.hasEmail(),
-                       d.hasPhone(),
-                       d.hasConnection(),
-                       d.hasConnectionTTL(),
-                       d.hasConnectionNumAddr(),
-                       d.hasBandwidth(),
-                       d.hasTimezoneAjust(),
-                       d.hasEncryption(),
-                       d.hasRepeat(),
-                       d.hasAttr(),
-                       d.hasMedia(),
-                       d.hasMediaVideo(),
-                       d.hasMediaAudio(),
-                       d.hasMediaApplication()};
     std::string told;
-    for (std::size_t i = 0; i < std::size(is); ++i)
-        told += is[i] ? std::string(1, "siuepcTNbzkramVAP"[i]) : "";
+    const char* letter = "siuepcTNbzkramVAP";
+    for (const bool is :
+         {d.hasSessionName(), d.hasSessionDesc(), d.hasUri(), d.hasEmail(), d.hasPhone(), d.hasConnection(),
+          d.hasConnectionTTL(), d.hasConnectionNumAddr(), d.hasBandwidth(), d.hasTimezoneAjust(), d.hasEncryption(),
+          d.hasRepeat(), d.hasAttr(), d.hasMedia(), d.hasMediaVideo(), d.hasMediaAudio(), d.hasMediaApplication()})
+        told.append(is, *letter++);
     return told;
 }
 
 TEST(Session, GeneratesItsLines)
 {
     using D = SDPDescEx;
+    const auto expect = [](void (*fill)(D&), const std::string& parts, const std::string& lines = cleared) {
+        const auto tell = [](D& d) { return presence(d) + " " + generated(d); };
+        expectValue(fill, fillAll, tell, parts + " " + lines);
+    };
     const std::string head = "v=0|o=- 0 0   |s=session|";
-    const struct {
-        void (*fill)(D& d);
-        const char* presence;
-        std::string lines;
-    } rows[]
-        = {{[](D&) {}, "s", cleared},
-           {fillAll, "siuepcTNbzkramVAP", allLines},
-           {[](D& d) { d.setSessionName(""); }, "", "v=0|o=- 0 0   |t=0 0|"},
-           {[](D& d) { d.setOrig("", "", "", NetworkTypeNone, AddressTypeIP6, ""); }, "s",
-            "v=0|o=    IP6 |s=session|t=0 0|"},
-           {[](D& d) { d.setConnection(NetworkTypeIN, AddressTypeIP4, "a", 127, 0); }, "scT",
-            head + "c=IN IP4 a/127|t=0 0|"},
-           {[](D& d) { d.setConnection(NetworkTypeIN, AddressTypeIP4, "a", 0, 3); }, "scN", head + "c=IN IP4 a|t=0 0|"},
-           {[](D& d) { d.setConnection(NetworkTypeNone, AddressTypeNone, "a", 1, 2); }, "sTN", cleared},
-
-           // Not enough for a line, or just enough
-           {[](D& d) { d.setBandwidth("AS", 0); }, "s", cleared},
-           {[](D& d) { d.setBandwidth("", 1); }, "s", cleared},
-           {[](D& d) { d.setEncryption("uri", ""); }, "sk", head + "k=uri|t=0 0|"},
-           {[](D& d) { d.setEncryption(EncryptionMethodNone, "x"); }, "s", cleared}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.lines);
-        SDPDescEx d;
-        row.fill(d);
-        d.dump();
-        EXPECT_EQ(SDP_INVALID_ARGUMENT, d.generate(nullptr));
-        SDPDescEx copy;
-        fillAll(copy);
-        copy = d;
-        const SDPDescEx& self = copy;
-        copy = self;
-        EXPECT_TRUE(!d.hasMediaAudio() || copy.mediaAudio(0) != d.mediaAudio(0));
-        EXPECT_EQ(row.presence + row.lines, presence(d) + generated(d));
-        d.clear();
-        EXPECT_EQ("s" + cleared, presence(d) + generated(d));
-        EXPECT_EQ(row.presence + row.lines, presence(copy) + generated(copy));
-    }
+    expect([](D&) {}, "s");
+    expect(fillAll, "siuepcTNbzkramVAP", allLines);
+    expect([](D& d) { d.setSessionName(""); }, "", "v=0|o=- 0 0   |t=0 0|");
+    expect([](D& d) { d.setOrig("", "", "", None, IP6, ""); }, "s", "v=0|o=    IP6 |s=session|t=0 0|");
+    expect([](D& d) { d.setConnection(IN, IP4, "a", 127, 0); }, "scT", head + "c=IN IP4 a/127|t=0 0|");
+    expect([](D& d) { d.setConnection(IN, IP4, "a", 0, 3); }, "scN", head + "c=IN IP4 a|t=0 0|");
+    expect([](D& d) { d.setConnection(None, AddressTypeNone, "a", 1, 2); }, "sTN");
+    expect([](D& d) { d.setBandwidth("AS", 0); }, "s");
+    expect([](D& d) { d.setBandwidth("", 1); }, "s");
+    expect([](D& d) { d.setEncryption("uri", ""); }, "sk", head + "k=uri|t=0 0|");
+    expect([](D& d) { d.setEncryption(EncryptionMethodNone, "x"); }, "s");
+    D d;
+    D copy;
+    fillAll(d);
+    copy = d;
+    EXPECT_TRUE(copy.mediaVideo(0) != d.mediaVideo(0) && d.generate(nullptr) == SDP_INVALID_ARGUMENT);
 }
 
 TEST(Session, KeepsItsFieldsWhateverIsRefused)
 {
-    const auto network = [](int value) { return static_cast<NetworkType>(value); };
-    const auto address = [](int value) { return static_cast<AddressType>(value); };
-    const auto method = [](int value) { return static_cast<EncryptionMethod>(value); };
     SDPDescEx d;
     fillAll(d);
     SDPMedia* const held = d.mediaVideo(0);
     SDPMedia stranger;
-    int row = 0;
-    for (const int result :
-         {d.setOrig("-", "0", "0", network(2), address(1), "a"), d.setOrig("-", "0", "0", network(-1), address(1), "a"),
-          d.setOrig("-", "0", "0", network(1), address(3), "a"), d.setConnection(network(2), address(1), "a", 0, 0),
-          d.setConnection(network(1), address(-1), "a", 0, 0), d.setConnection(network(1), address(1), "", 0, 0),
-          d.setEncryption(method(5), "x"), d.setEncryption(method(-1), "x"), d.setEncryption("Uri", "x"),
-          d.setEncryption("", "x"), d.addMediaVideo(nullptr), d.addMediaAudio(nullptr), d.addMediaApplication(nullptr)})
-        EXPECT_EQ(-2147483636, result) << "row " << row++;
-    for (const int result : {d.removeMediaAudio(held), d.removeMediaApplication(held), d.removeMediaVideo(&stranger),
-                             d.removeMediaVideo(nullptr)})
-        EXPECT_EQ(-1, result) << "row " << row++;
+    expectAll(-2147483636,
+              {d.setOrig("-", "0", "0", NetworkType(2), IP4, "a"), d.setOrig("-", "0", "0", NetworkType(-1), IP4, "a"),
+               d.setOrig("-", "0", "0", IN, AddressType(3), "a"), d.setConnection(NetworkType(2), IP4, "a", 0, 0),
+               d.setConnection(IN, AddressType(-1), "a", 0, 0), d.setConnection(IN, IP4, "", 0, 0),
+               d.setEncryption(EncryptionMethod(5), "x"), d.setEncryption(EncryptionMethod(-1), "x"),
+               d.setEncryption("Uri", "x"), d.setEncryption("", "x"), d.addMediaVideo(nullptr),
+               d.addMediaAudio(nullptr), d.addMediaApplication(nullptr)});
+    expectAll(-1,
+              {d.removeMediaAudio(held), d.removeMediaApplication(held), d.removeMediaVideo(&stranger),
+               d.removeMediaVideo(nullptr)});
     EXPECT_EQ(allLines, generated(d));
 
     std::string fields;
@@ -141,13 +101,15 @@ TEST(Session, KeepsItsFieldsWhateverIsRefused)
                                d.sessionDesc(), d.uri(), d.email(), d.phone(), d.connectionAddress(),
                                d.bandwidthModifire(), d.timezoneAjust(), d.encryptionKey(), d.repeat()})
         fields += str(text) + "|";
-    EXPECT_EQ("u|99999999999999999999|v|::1|name|text|uri|mail|+1|224.2.1.1|AS|1 -1h|key|7d 1h 0|", fields);
-    for (const unsigned long most :
-         {d.version(), d.connectionTTL(), d.connectionNumAddr(), d.bandwidth(), d.startTime()})
-        EXPECT_EQ(4294967295UL, most);
-    EXPECT_EQ((std::vector<int>{1, 2, 1, 1, 3, 1}),
-              (std::vector<int>{d.origNetType(), d.origAddrType(), d.connectionNetType(), d.connectionAddrType(),
-                                d.encryptionMethod(), static_cast<int>(d.stopTime())}));
+    for (const unsigned long number :
+         {d.version(), d.connectionTTL(), d.connectionNumAddr(), d.bandwidth(), d.startTime(), d.stopTime()})
+        fields += std::to_string(number) + "|";
+    EXPECT_EQ("u|99999999999999999999|v|::1|name|text|uri|mail|+1|224.2.1.1|AS|1 -1h|key|7d 1h 0|"
+                  + repeated("4294967295|", 5) + "1|",
+              fields);
+    expectAll(1,
+              {d.origNetType(), d.origAddrType() - 1, d.connectionNetType(), d.connectionAddrType(),
+               d.encryptionMethod() - 2});
     d.setEncryption(EncryptionMethodNone, "kept");
     EXPECT_EQ("kept", str(d.encryptionKey()));
 }

@@ -16,37 +16,22 @@ namespace {
 
 TEST(String, ReadsAndWritesNumbers)
 {
-    const struct {
-        std::string text;
-        int base;
-        unsigned short narrow;
-        unsigned long wide;
-        int bits; // in which it fits, 0 for none
-    } rows[] = {{"8000", 10, 8000, 8000, 16},
-                {" \t007\r\n", 10, 7, 7, 16},
-                {"65535", 10, 65535, 65535, 16},
-                {"65536", 10, 65535, 65536, 32},
-                {"4294967295", 10, 65535, 4294967295UL, 32},
-                {"4294967296", 10, 65535, 4294967295UL, 0},
-                {"99999999999999999999999 ", 10, 65535, 4294967295UL, 0},
-
-                // Other bases
-                {"fF", 16, 255, 255, 16},
-                {"zz", 36, 1295, 1295, 16}};
-    for (const auto& row : rows) {
-        bool narrowOk = row.bits != 16;
-        bool wideOk = row.bits == 0;
-        const String text = bytes(row.text);
-        EXPECT_EQ(row.narrow, text.toUInt16(&narrowOk, row.base)) << row.text;
-        EXPECT_EQ(row.wide, text.toUInt32(&wideOk, row.base)) << row.text;
-        EXPECT_EQ(row.bits, narrowOk ? 16 : wideOk ? 32 : 0) << row.text;
-        EXPECT_EQ(row.wide, text.toUInt32(nullptr, row.base)) << row.text;
+    for (const std::string row :
+         {// The text, and its values in 16 and 32 bits, each with an exclamation mark if it is said to be one.
+          "8000 => 8000! 8000!", " \t007\r\n => 7! 7!", "65535 => 65535! 65535!", "65536 => 65535 65536!", " => 0 0",
+          "4294967295 => 65535 4294967295!", "4294967296 => 65535 4294967295", "-1 => 0 0", "+1 => 0 0", "1 2 => 0 0",
+          "99999999999999999999999  => 65535 4294967295", "99999999999x => 0 0", "0x1 => 0 0", "  => 0 0", "1.0 => 0 0",
+          "\xb2 => 0 0"}) {
+        const auto [text, values] = sidesOf(row);
+        std::string told;
+        for (const bool wide : {false, true}) {
+            bool ok = values.find('!') == std::string::npos;
+            const unsigned long value = wide ? bytes(text).toUInt32(&ok, 10) : bytes(text).toUInt16(&ok, 10);
+            told += (wide ? " " : "") + std::to_string(value) + (ok ? "!" : "");
+        }
+        EXPECT_EQ(values, told) << text;
     }
-    for (const std::string text : {"", " ", "-1", "+1", "1 2", "1x", "99999999999x", "0x1", "1.0", "\xb2"}) {
-        bool ok = true;
-        EXPECT_EQ(0U, bytes(text).toUInt16(&ok, 10) + bytes(text).toUInt32(nullptr, 10)) << text;
-        EXPECT_FALSE(ok) << text;
-    }
+    EXPECT_EQ(255U + 1295U, String("fF").toUInt32(nullptr, 16) + String("zz").toUInt32(nullptr, 36));
     EXPECT_EQ(0U, bytes(std::string("1\0", 2)).toUInt32(nullptr, 10));
     for (const int base : {-1, 0, 1, 37})
         EXPECT_EQ(0U, String("1").toUInt32(nullptr, base)) << base;
@@ -58,28 +43,22 @@ TEST(String, ReadsAndWritesNumbers)
 TEST(String, FindsAndCutsWithinItsBounds)
 {
     const String line("a=x:y:");
-    const unsigned int npos = String::npos;
+    const unsigned int none = String::npos;
     const struct {
         unsigned int start, end;
         const char* part;
         unsigned int colon; // from the start on
-    } parts[] = {{0, 3, "a=x", 3}, {2, 3, "x", 3},      {4, 9, "y:", 5},   {4, npos, "y:", 5},
-                 {2, 2, "", 3},    {6, npos, "", npos}, {9, 12, "", npos}, {3, 2, "", 3}};
-    for (const auto& row : parts) {
+    } rows[] = {{0, 3, "a=x", 3}, {2, 3, "x", 3},      {4, 9, "y:", 5},   {4, none, "y:", 5},
+                {2, 2, "", 3},    {6, none, "", none}, {9, 12, "", none}, {3, 2, "", 3}};
+    for (const auto& row : rows) {
         EXPECT_EQ(row.part, str(line.substring(row.start, row.end))) << row.start << " to " << row.end;
         EXPECT_EQ(row.colon, line.find(':', row.start)) << row.start;
     }
-    EXPECT_EQ(npos, line.find('\0', 0));
-    const struct {
-        const char* other;
-        unsigned int pos, n;
-        int sign;
-    } comparisons[] = {{"a=x", 0, 3, 0}, {"", 0, 0, 0},      {"x:y:", 2, 99, 0}, {"a=y", 0, 3, -1},
-                       {"a=", 0, 3, 1},  {"a=xx", 0, 3, -1}, {"", 99, 4, 0},     {"A=x", 0, 3, 1}};
-    for (const auto& row : comparisons) {
-        const int result = line.compare(row.other, row.pos, row.n);
-        EXPECT_EQ(row.sign, (result > 0) - (result < 0)) << row.other << " at " << row.pos;
-    }
+    EXPECT_EQ(none, line.find('\0', 0));
+    expectAll(
+        0, {line.compare("a=x", 0, 3), line.compare("", 0, 0), line.compare("x:y:", 2, 99), line.compare("", 99, 4)});
+    EXPECT_TRUE(line.compare("a=y", 0, 3) < 0 && line.compare("a=xx", 0, 3) < 0);
+    EXPECT_TRUE(line.compare("a=", 0, 3) > 0 && line.compare("A=x", 0, 3) > 0);
 }
 
 TEST(String, TakesPartsOfItselfAndNulBytes)
@@ -119,17 +98,16 @@ TEST(NamedList, BehavesLikeAPlainVector)
     std::vector<std::pair<std::string, std::string>> pairs;
     NamedList list(":");
     for (unsigned int step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
-        const std::string name = "n" + std::to_string(below(step % 4000 < 2000 ? 12 : 40));
+        const std::string name = std::string("n\0", 2) + std::to_string(below(step % 4000 < 2000 ? 12 : 40));
         const std::string value = std::to_string(step) + '\0' + name;
         const unsigned int n = below(3);
         auto found = pairs.begin();
         for (unsigned int left = n; found != pairs.end() && (found->first != name || left-- > 0);)
             ++found;
         const bool there = found != pairs.end();
-        String a("untouched");
-        String b("untouched");
-        EXPECT_EQ(there, list.value(bytes(name), &a, n));
-        EXPECT_EQ(there ? found->second : "untouched", str(a));
+        const auto valueOf
+            = [&](const auto&, String* out, String*) { return list.value(bytes(name), out, n) ? 0 : -1; };
+        EXPECT_EQ(there ? found->second : "-1", outcomes("value", valueOf));
         EXPECT_EQ(there, list.value(bytes(name), nullptr, n));
         EXPECT_TRUE(n > 0 || there == (list.exist(bytes(name)) != 0));
         const unsigned int at = below(pairs.size() + 2);
@@ -155,11 +133,9 @@ TEST(NamedList, BehavesLikeAPlainVector)
             list = self;
         }
         EXPECT_EQ(pairs.size(), list.lines());
-        a = b = "untouched";
-        EXPECT_EQ(at < pairs.size(), list.get(&a, &b, at));
         EXPECT_EQ(at < pairs.size(), list.get(nullptr, nullptr, at));
-        const auto untouched = std::pair<std::string, std::string>("untouched", "untouched");
-        EXPECT_EQ(at < pairs.size() ? pairs[at] : untouched, std::pair(str(a), str(b)));
+        const auto pairAt = [&](const auto&, String* a, String* b) { return list.get(a, b, at) ? 0 : -1; };
+        EXPECT_EQ(at < pairs.size() ? pairs[at].first + ":" + pairs[at].second : "-1", outcomes("get", pairAt));
     }
 }
 
@@ -210,36 +186,26 @@ template <class Stream> std::string linesOf(const std::string& text)
 
 TEST(LineAdapter, CutsATextIntoLines)
 {
-    const std::pair<std::string, std::string> rows[] = {{"", ""},
-                                                        {"a\r\nb\nc\rd", "a|b|c|d|"},
-                                                        {"a=x\r\n", "a=x|"},
-                                                        {"a\r\n\r\n\r\n", "a|"},
-                                                        {"\n\r\r\n", ""},
-                                                        {"\r\r\n\nb", "|||b|"},
-
-                                                        // Empty lines in between
-                                                        {"a\n\rb", "a||b|"},
-                                                        {"a\r\n\r\nb\n\nc\r\rd", "a||b||c||d|"},
-                                                        {std::string("a\0b\0\nc", 6), std::string("a\0b\0|c|", 7)}};
-    for (const auto& [text, lines] : rows) {
+    for (const std::string row :
+         {// A "0" stands for a NUL byte
+          " => ", "a\r\nb\nc\rd => a|b|c|d|", "a=x\r\n => a=x|", "a\r\n\r\n\r\n => a|", "\n\r\r\n => ",
+          "\r\r\n\nb => |||b|", "a\n\rb => a||b|", "a\r\n\r\nb\n\nc\r\rd => a||b||c||d|", "a0b0\nc => a0b0|c|"}) {
+        const auto [text, lines] = sidesOf(replaced(row, "0", std::string(1, '\0')));
         EXPECT_EQ(lines, linesOf<ym::MemoryIO>(text)) << text;
         EXPECT_EQ(lines, linesOf<Trickle>(text)) << text;
     }
 }
 
-TEST(MallocIO, KeepsWhatIsWritten)
+TEST(Output, GoesToMemoryAndToStandardError)
 {
     ym::MallocIO out;
     out.write(nullptr, 0);
     EXPECT_TRUE(out.length() == 0 && out.buffer());
     for (int i = 0; i < 1000; ++i)
         out.write("a\0b", 3);
-    const std::string written(static_cast<const char*>(out.buffer()), out.length());
-    EXPECT_EQ(repeated(std::string("a\0b", 3), 1000), written);
-}
+    EXPECT_EQ(repeated(std::string("a\0b", 3), 1000),
+              std::string(static_cast<const char*>(out.buffer()), out.length()));
 
-TEST(Warning, GoesToStandardError)
-{
     testing::internal::CaptureStderr();
     ym_warning_print("100% of it");
     EXPECT_EQ("100% of it\n", testing::internal::GetCapturedStderr());

@@ -70,6 +70,31 @@ template <class Object> std::string generated(Object& object)
     return replaced(str(text), "\r\n", "|");
 }
 
+inline void expectAll(int expected, const std::vector<int>& results)
+{
+    EXPECT_EQ(std::vector<int>(results.size(), expected), results);
+}
+
+// Checks what an object tells of itself once it is filled, what it tells when it is cleared, and that a copy, which
+// held something else before, goes on to tell the same.
+template <class Object, class Tell>
+void expectValue(void (*fill)(Object&), void (*fillOther)(Object&), Tell tell, const std::string& told)
+{
+    Object object;
+    Object copy;
+    const std::string fresh = tell(object);
+    fill(object);
+    fillOther(copy);
+    copy = object;
+    const Object& self = copy;
+    copy = self;
+    object.dump();
+    EXPECT_EQ(told, tell(object));
+    object.clear();
+    EXPECT_EQ(fresh, tell(object)) << told;
+    EXPECT_EQ(told, tell(copy));
+}
+
 // The outcomes of several commands, "add x 1; add y", which are carried out by operation(words, &a, &b): what it put
 // into a and b, as "a:b", or its result where it left them alone. Words that are missing read as empty texts.
 template <class Operation> std::string outcomes(const std::string& commands, Operation operation)
