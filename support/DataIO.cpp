@@ -37,6 +37,11 @@ void MallocIO::write(const void* data, unsigned int size)
         bytes_.append(static_cast<const char*>(data), size);
 }
 
+void MallocIO::reserve(unsigned int size)
+{
+    bytes_.reserve(size);
+}
+
 const void* MallocIO::buffer() const
 {
     return bytes_.data();

@@ -58,6 +58,15 @@ int addLines(Impl& impl, const String& text)
     return 0;
 }
 
+// The length of the text that the lines give; a guess is good enough for what is too long to be written.
+unsigned int lengthOf(const Impl& impl)
+{
+    unsigned int length = 1;
+    for (const String& line : impl.lines)
+        length += line.length() + impl.lineBreak.length();
+    return length;
+}
+
 // What the session level and the sections have in common
 
 int read(Impl& impl, int section, char type, String* value)
@@ -142,6 +151,7 @@ int SDPDesc::generate(String* out)
         if (typeOf(*line++) != type)
             return -1;
     MallocIO stream;
+    stream.reserve(lengthOf(*impl_));
     for (const String& each : lines) {
         stream.write(each.chars(), each.length());
         stream.write(impl_->lineBreak.chars(), impl_->lineBreak.length());

@@ -84,11 +84,25 @@ bool Matcher::goBack(unsigned int* step, unsigned int* at)
     if (choices_.size() == 0 || work_ > allowedWork_)
         return false;
     Choice& choice = choices_.back();
+    --choice.most;
+    if (const Step* next = needed(choice.step + 1))
+        for (; choice.most > choice.least && !takes(*next, choice.most); --choice.most)
+            ++work_;
     *step = choice.step + 1;
-    *at = --choice.most;
+    *at = choice.most;
     if (choice.most == choice.least)
         choices_.drop();
     return true;
+}
+
+// The step that takes the next byte, if there is no match without it.
+const Step* Matcher::needed(unsigned int step) const
+{
+    const Step* next = pattern_.steps() + step;
+    const Step* const end = pattern_.steps() + pattern_.nSteps();
+    while (next != end && (next->kind == Step::Open || next->kind == Step::Close))
+        ++next;
+    return next != end && (next->kind == Step::Once || next->kind == Step::Plus) ? next : nullptr;
 }
 
 // Takes what a step can take, and says whether that is enough.

@@ -49,6 +49,7 @@ private:
     bool advance(const Step& step, unsigned int* at);
     bool repeat(const Step& step, unsigned int* at);
     bool goBack(unsigned int* step, unsigned int* at);
+    const Step* needed(unsigned int step) const;
     bool searchByTable(unsigned int from);
     void fillTable();
     void fillRow(unsigned int step);

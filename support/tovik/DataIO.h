@@ -51,6 +51,9 @@ public:
 
     void write(const void* data, unsigned int size) override;
 
+    // Makes room for `size` bytes in all, so that writing them does not move what was written before.
+    void reserve(unsigned int size);
+
     // All bytes written so far. Valid until the next write or the end of the object; never null.
     const void* buffer() const;
 
