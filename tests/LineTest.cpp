@@ -307,6 +307,14 @@ TEST(SDPDesc, LoopsOverLongListsOnce)
                 ASSERT_EQ(k == 0 ? 0 : -1, list.mediaAttr(i, k, &name, &value, type)); // the "b=" line ends the run
     }
     EXPECT_EQ(2 * n + 2, list.nMediaAttr(n - 1, 'a') + list.hasMediaAttr(n - 1, "q", 'a') + list.hasAttr("p"));
+
+    for (int i = 0; i < list.nMedia(); ++i)
+        ASSERT_EQ(0, list.hasMedia(i, 'b') == 1 ? list.removeMedia(i, 'b') : -1);
+    for (int i = 0; i < list.nMediaAttr(n - 1, 'a'); ++i) // every other one
+        ASSERT_EQ(0, list.removeMediaAttr(n - 1, i, 'a'));
+    while (list.nAttr() > 0)
+        ASSERT_EQ(0, list.removeAttr(list.nAttr() - 1));
+    EXPECT_EQ(n / 2, list.nMediaAttr(n - 1, 'a'));
 }
 
 TEST(SDPDescState, HasRanksAndWalks)

@@ -95,14 +95,6 @@ Impl::Position firstOf(Impl& impl, char type)
                         [type](const String& line) { return typeOf(line) == type; });
 }
 
-int removeOne(Impl& impl, Impl::Position at)
-{
-    if (at == impl.lines.end())
-        return -1;
-    impl.erase(at);
-    return 0;
-}
-
 int removeSection(Impl& impl, int section)
 {
     if (section >= impl.nSections())
@@ -189,7 +181,11 @@ int SDPDesc::get(char type, String* value) const
 
 int SDPDesc::remove(char type)
 {
-    return removeOne(*impl_, firstOf(*impl_, type));
+    const Impl::Position at = firstOf(*impl_, type);
+    if (at == impl_->lines.end())
+        return -1;
+    impl_->erase(at);
+    return 0;
 }
 
 int SDPDesc::has(char type) const
@@ -267,7 +263,7 @@ int SDPDesc::media(int section, char type, String* value) const
 int SDPDesc::removeMedia(int section, char type)
 {
     const int number = sectionNumber(section);
-    return type == 'm' ? removeSection(*impl_, number) : removeOne(*impl_, impl_->findBehind(number, type));
+    return type == 'm' ? removeSection(*impl_, number) : impl_->removeBehind(number, type);
 }
 
 int SDPDesc::hasMedia(int section, char type)

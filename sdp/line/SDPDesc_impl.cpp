@@ -244,6 +244,19 @@ int Impl::removeNumbered(int section, int n, char type)
     return 0;
 }
 
+int Impl::removeBehind(int section, char type)
+{
+    const Position own = find(section, type);
+    const Position gone = own == lines.end() ? findBehind(section, type) : own;
+    if (gone == lines.end())
+        return -1;
+    const int last = notes(type).lastSection;
+    erase(gone);
+    if (own != lines.end() && last > section)
+        notes(type).lastSection = last; // that is the section of another line
+    return 0;
+}
+
 // Changes
 
 const char* Impl::keep(const String& text)

@@ -59,6 +59,9 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     // list.
     YM_HIDDEN Position findBehind(int section, char type);
 
+    // Removes that line. 0, or -1 if there is none.
+    YM_HIDDEN int removeBehind(int section, char type);
+
     // The last section that has a line of the type, or -1.
     YM_HIDDEN int lastSection(char type);
 
