@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "support/NumberedPlace.h"
+#include "support/view.h"
 
 namespace ym {
 
@@ -25,11 +26,6 @@ using Index = std::multimap<std::string_view, List::iterator>;
 
 // Up to here, a walk is as fast as an index and needs no memory.
 constexpr std::size_t shortList = 16;
-
-std::string_view view(const String& text)
-{
-    return {text.chars(), text.length()};
-}
 
 void put(String* out, const String& text)
 {

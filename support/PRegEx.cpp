@@ -5,6 +5,7 @@
 
 #include "support/pregex/Matcher.h"
 #include "support/pregex/Pattern.h"
+#include "support/view.h"
 
 namespace ym {
 
@@ -13,15 +14,6 @@ using pregex::Matcher;
 using pregex::Pattern;
 using pregex::SmallArray;
 using pregex::Span;
-
-namespace {
-
-std::string_view view(const String& text)
-{
-    return {text.chars(), text.length()};
-}
-
-} // namespace
 
 struct PRegEx::State {
     Pattern pattern;

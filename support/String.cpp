@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "support/pregex/ByteSet.h"
+#include "support/view.h"
 
 namespace ym {
 
@@ -19,11 +20,6 @@ constexpr std::size_t longest = String::npos - 1;
 std::size_t lengthOf(const char* text)
 {
     return text ? std::strlen(text) : 0;
-}
-
-std::string_view view(const String& text)
-{
-    return {text.chars(), text.length()};
 }
 
 std::string_view withoutSpaceAround(std::string_view text)

@@ -58,7 +58,7 @@ int addLines(Impl& impl, const String& text)
     return 0;
 }
 
-// The length of the text that the lines give; a guess is good enough for what is too long to be written.
+// The length of the text that the lines give. Where it does not fit, the text can not be written either.
 unsigned int lengthOf(const Impl& impl)
 {
     unsigned int length = 1;

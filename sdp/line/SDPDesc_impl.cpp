@@ -95,12 +95,19 @@ Impl::Position Impl::levelEnd(int section)
     return section < nSections() ? this->section(section + 1) : lines.end();
 }
 
+Impl::Position Impl::inside(int section)
+{
+    if (section == session)
+        return lines.begin();
+    const Position head = this->section(section);
+    return head == lines.end() ? head : std::next(head);
+}
+
 Impl::Position Impl::find(int section, char type)
 {
-    const Position head = section == session ? lines.begin() : this->section(section);
-    if (section == session || type == 'm' || head == lines.end())
-        return skip_until_attribute(head, 0, type);
-    return skip_until_attribute(std::next(head), 0, type);
+    if (section != session && type == 'm')
+        return this->section(section);
+    return skip_until_attribute(inside(section), 0, type);
 }
 
 Impl::Position Impl::findBehind(int section, char type)
@@ -151,21 +158,13 @@ Impl::Run& Impl::run(int section, char type)
     return run;
 }
 
-Impl::Position Impl::firstNumbered(int section, char type)
-{
-    if (section == session)
-        return skip_until_attribute(lines.begin(), 0, type);
-    const Position head = this->section(section);
-    return head == lines.end() ? head : skip_until_attribute(std::next(head), 0, type);
-}
-
 Impl::Position Impl::numbered(int section, int n, char type)
 {
     if (n < 0)
         return lines.end();
     Run& run = this->run(section, type);
     if (run.n < 0) {
-        run.line = firstNumbered(section, type);
+        run.line = skip_until_attribute(inside(section), 0, type);
         run.n = 0;
     }
     if (run.line == lines.end())
@@ -184,14 +183,10 @@ Impl::Position Impl::numbered(int section, int n, char type)
 int Impl::count(int section, char type)
 {
     Run& run = this->run(section, type);
-    if (run.count >= 0)
-        return run.count;
-    const Position head = section == session ? lines.begin() : this->section(section);
-    if (head == lines.end())
-        return run.count = 0;
     const auto isOfType = [type](const String& line) { return typeOf(line) == type; };
-    const Position first = section == session ? head : std::next(head);
-    return run.count = static_cast<int>(std::count_if(first, levelEnd(section), isOfType));
+    if (run.count < 0)
+        run.count = static_cast<int>(std::count_if(inside(section), levelEnd(section), isOfType));
+    return run.count;
 }
 
 int Impl::countNamed(int section, const String& name, char type)

@@ -49,7 +49,9 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     YM_HIDDEN Position section(int number);
     YM_HIDDEN int nSections();
 
-    // Where a section or the session level ends.
+    // The lines of a section behind its "m=" line, or of the session level: from inside to levelEnd. Both are the end
+    // of the list if there is no such section.
+    YM_HIDDEN Position inside(int section);
     YM_HIDDEN Position levelEnd(int section);
 
     // The first line of a type in a section, its "m=" line included, or at session level; or the end of the list.
@@ -121,7 +123,6 @@ private:
 
     YM_HIDDEN Notes& notes(char type);
     YM_HIDDEN Run& run(int section, char type);
-    YM_HIDDEN Position firstNumbered(int section, char type);
     YM_HIDDEN void findSections();
     YM_HIDDEN void forgetType(char type);
 

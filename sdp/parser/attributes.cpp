@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include <tovik/PRegEx.h>
 
@@ -111,7 +112,7 @@ template <class Visit> void eachLine(SDPDesc& desc, int section, char type, Visi
 
 // The numbers without those that come again further behind. Of a number that an "m=" line repeats, only the last
 // payload stays, and a long line may do that a million times.
-Formats lastOfEach(const Formats& formats)
+Formats lastOfEach(Formats formats)
 {
     constexpr std::size_t shortList = 64;
     if (formats.size() <= shortList)
@@ -128,10 +129,10 @@ Formats lastOfEach(const Formats& formats)
 }
 
 // Gives the payload of the last number, or null if there is none.
-SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
+SDPMediaPayload* addPayloads(SDPMedia& media, Formats formats)
 {
     SDPMediaPayload* last = nullptr;
-    for (const std::uint16_t number : lastOfEach(formats)) {
+    for (const std::uint16_t number : lastOfEach(std::move(formats))) {
         auto payload = std::make_unique<SDPMediaPayload>();
         payload->setPayloadNo(number);
         last = payload.release();
@@ -142,9 +143,9 @@ SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 
 } // namespace
 
-void parseMediaAttributes(SDPDesc& desc, int section, SDPMedia& media, const Formats& formats)
+void parseMediaAttributes(SDPDesc& desc, int section, SDPMedia& media, Formats formats)
 {
-    AttributeReader attributes(media, addPayloads(media, formats));
+    AttributeReader attributes(media, addPayloads(media, std::move(formats)));
     eachLine(desc, section, 'b', [&](const String& modifier, const String& value) {
         media.setBandwidth(modifier, value.toUInt32(nullptr, 10));
     });

@@ -33,6 +33,6 @@ bool readConnection(const String& value, ConnectionLine* line);
 void parseSections(SDPDesc& desc, SDPDescEx& session);
 
 // Gives a section its payloads, and what its "b=" and "a=" lines say.
-void parseMediaAttributes(SDPDesc& desc, int section, SDPMedia& media, const Formats& formats);
+void parseMediaAttributes(SDPDesc& desc, int section, SDPMedia& media, Formats formats);
 
 } // namespace ym::SDP

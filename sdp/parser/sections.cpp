@@ -59,7 +59,7 @@ std::unique_ptr<SDPMedia> parseSection(SDPDesc& desc, int section)
         return nullptr;
     if (desc.media(section, 'c', &value) == 0)
         readSectionConnection(value, *media);
-    parseMediaAttributes(desc, section, *media, formats);
+    parseMediaAttributes(desc, section, *media, std::move(formats));
     return media;
 }
 

@@ -27,12 +27,6 @@ public:
 
     void clear() { size_ = 0; }
 
-    void reserve(unsigned int capacity)
-    {
-        if (capacity > capacity_)
-            grow(capacity);
-    }
-
     // A new last element.
     T& add()
     {
@@ -45,7 +39,8 @@ public:
 
     void resize(unsigned int size)
     {
-        reserve(size);
+        if (size > capacity_)
+            grow(size);
         size_ = size;
     }
 
