@@ -1,7 +1,13 @@
+// The pairs of a list stand in one block of memory: a head, then a slot for each pair, in their order, and from the end
+// of the block towards the slots their texts. A pair that is taken out leaves a gap in both; gaps are closed when they
+// have become as many as the pairs, and when the block is full and makes way for a larger one.
 #include <tovik/NamedList.h>
 
-#include <list>
-#include <map>
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <new>
+#include <set>
 #include <string_view>
 
 #include "support/NumberedPlace.h"
@@ -11,93 +17,212 @@ namespace ym {
 
 namespace {
 
-struct Pair {
-    String name;
-    String value;
+// Up to here, a walk is as fast as an index and needs no memory.
+constexpr std::uint32_t shortList = 16;
 
-    Pair(const String& n, const String& v) : name(n), value(v) { }
+struct Slot {
+    static constexpr std::size_t nowhere = ~std::size_t{0};
+
+    std::size_t place; // of the name, before the end of the block; the value follows the name
+    std::uint32_t nameLength;
+    std::uint32_t valueLength;
+
+    bool isGone() const { return place == nowhere; }
+    std::size_t length() const { return std::size_t{nameLength} + valueLength; }
 };
 
-using List = std::list<Pair>;
-
-// Names come from the network. An ordered index has no bad case that chosen names could bring about, and it
-// keeps equal names in the order in which they were entered.
-using Index = std::multimap<std::string_view, List::iterator>;
-
-// Up to here, a walk is as fast as an index and needs no memory.
-constexpr std::size_t shortList = 16;
-
-void put(String* out, const String& text)
+void copy(char* to, std::string_view bytes)
 {
-    if (out)
-        *out = text;
+    if (!bytes.empty())
+        std::memcpy(to, bytes.data(), bytes.size());
 }
 
 } // namespace
 
 struct NamedList::Pairs {
-    List list;
-    Index index; // all pairs of a long list, or nothing
-    NumberedPlace<List> place;
+    // The slots of a list by their names. Names come from the network. An ordered index has no bad case that chosen
+    // names could bring about, and it keeps equal names in the order in which they were entered.
+    struct Index {
+        struct ByName {
+            using is_transparent = void;
 
-    void insert(List::iterator before, const String& name, const String& value)
+            const Index* index;
+
+            std::string_view name(std::string_view text) const { return text; }
+            std::string_view name(std::uint32_t slot) const { return index->pairs->name(slot); }
+            template <class A, class B> bool operator()(const A& a, const B& b) const { return name(a) < name(b); }
+        };
+
+        explicit Index(const Pairs* p) : pairs(p), entries(ByName{this}) { }
+
+        const Pairs* pairs;
+        std::multiset<std::uint32_t, ByName> entries;
+    };
+    using Entry = std::multiset<std::uint32_t, Index::ByName>::iterator;
+
+    const std::size_t room;  // of the block, behind this head
+    std::size_t written = 0; // of that, by the texts
+    std::uint32_t nSlots = 0;
+    std::uint32_t nGone = 0;
+    NumberedPlace place;
+    std::unique_ptr<Index> index; // of all pairs of a long list, or null
+
+    static std::unique_ptr<Pairs> make(std::size_t room)
     {
-        const bool atEnd = before == list.end();
-        const auto added = list.emplace(before, name, value);
-        if (atEnd && !index.empty()) {
-            enter(added);
+        return std::unique_ptr<Pairs>(::new (::operator new(sizeof(Pairs) + room)) Pairs(room));
+    }
+
+    // A block for what is left of the other and for so much more, with all of it in.
+    static std::unique_ptr<Pairs> copyOf(const Pairs& other, std::size_t more)
+    {
+        auto pairs = make(other.bytes() + more);
+        for (std::uint32_t slot = 0; slot < other.nSlots; ++slot)
+            if (!other.isGone(slot))
+                pairs->append(other.name(slot), other.value(slot));
+        return pairs;
+    }
+
+    static void operator delete(void* block) { ::operator delete(block); }
+
+    Slot& at(std::uint32_t slot) { return reinterpret_cast<Slot*>(this + 1)[slot]; }
+    const Slot& at(std::uint32_t slot) const { return const_cast<Pairs*>(this)->at(slot); }
+    bool isGone(std::uint32_t slot) const { return at(slot).isGone(); }
+
+    char* text(std::size_t before) { return reinterpret_cast<char*>(this + 1) + (room - before); }
+    const char* text(std::size_t before) const { return const_cast<Pairs*>(this)->text(before); }
+    std::string_view name(std::uint32_t slot) const { return {text(at(slot).place), at(slot).nameLength}; }
+    std::string_view value(std::uint32_t slot) const
+    {
+        return {text(at(slot).place) + at(slot).nameLength, at(slot).valueLength};
+    }
+
+    std::uint32_t size() const { return nSlots - nGone; }
+    bool hasRoom(std::size_t more) const { return room - written - nSlots * sizeof(Slot) >= more; }
+
+    // What a block needs that holds the pairs without gaps.
+    std::size_t bytes() const
+    {
+        std::size_t sum = 0;
+        for (std::uint32_t slot = 0; slot < nSlots; ++slot)
+            if (!isGone(slot))
+                sum += sizeof(Slot) + at(slot).length();
+        return sum;
+    }
+
+    // There must be room.
+    Slot write(std::string_view name, std::string_view value)
+    {
+        written += name.size() + value.size();
+        copy(text(written), name);
+        copy(text(written) + name.size(), value);
+        return {written, static_cast<std::uint32_t>(name.size()), static_cast<std::uint32_t>(value.size())};
+    }
+
+    void append(std::string_view name, std::string_view value)
+    {
+        ::new (&at(nSlots)) Slot(write(name, value));
+        ++nSlots;
+        if (index)
+            enter(nSlots - 1);
+    }
+
+    void insert(std::uint32_t before, std::string_view name, std::string_view value)
+    {
+        append(name, value);
+        if (before == nSlots - 1)
+            return;
+        index.reset();
+        place.forget();
+        std::rotate(&at(before), &at(nSlots - 1), &at(nSlots));
+    }
+
+    std::uint32_t seek(std::uint32_t position)
+    {
+        return place.seek(position, nSlots, size(), [this](std::uint32_t slot) { return isGone(slot); });
+    }
+
+    // The slot of pair number n of a name, or nSlots.
+    std::uint32_t find(std::string_view name, unsigned int n)
+    {
+        if (nSlots > shortList && makeIndex()) {
+            const Entry entry = findEntry(name, n);
+            return entry == index->entries.end() ? nSlots : *entry;
+        }
+        for (std::uint32_t slot = 0; slot < nSlots; ++slot)
+            if (at(slot).nameLength == name.size() && !isGone(slot) && this->name(slot) == name && n-- == 0)
+                return slot;
+        return nSlots;
+    }
+
+    // Needs room for the name and the value, unless the value is no longer than the present one.
+    void replace(std::uint32_t slot, std::string_view value)
+    {
+        Slot& pair = at(slot);
+        if (value.size() > pair.valueLength) {
+            pair = write(name(slot), value);
             return;
         }
-        index.clear();
-        if (!atEnd)
-            place.forget();
+        copy(text(pair.place) + pair.nameLength, value);
+        pair.valueLength = static_cast<std::uint32_t>(value.size());
     }
 
-    // Pair number n of a name, or the end of the list.
-    List::iterator find(const String& name, unsigned int n)
+    bool remove(std::string_view name, unsigned int n)
     {
-        if (list.size() > shortList) {
-            const Index::iterator entry = findEntry(name, n);
-            return entry == index.end() ? list.end() : entry->second;
-        }
-        for (auto at = list.begin(); at != list.end(); ++at)
-            if (view(at->name) == view(name) && n-- == 0)
-                return at;
-        return list.end();
-    }
-
-    bool remove(const String& name, unsigned int n)
-    {
-        const List::iterator gone = find(name, n);
-        if (gone == list.end())
+        const std::uint32_t slot = find(name, n);
+        if (slot == nSlots)
             return false;
-        if (!index.empty())
-            index.erase(findEntry(name, n));
-        place.leave(list, gone);
-        list.erase(gone);
+        if (index)
+            index->entries.erase(findEntry(name, n));
+        at(slot) = {Slot::nowhere, 0, 0};
+        ++nGone;
+        place.leave(slot);
+        if (nGone > size() + shortList)
+            closeGaps();
         return true;
     }
 
 private:
-    void enter(List::iterator at)
+    explicit Pairs(std::size_t r) : room(r) { }
+
+    void closeGaps()
+    {
+        index.reset();
+        place.forget();
+        const auto isGone = [](const Slot& slot) { return slot.isGone(); };
+        nSlots = static_cast<std::uint32_t>(std::remove_if(&at(0), &at(nSlots), isGone) - &at(0));
+        nGone = 0;
+    }
+
+    // An incomplete index would deny what the list holds; rather none than that.
+    bool enter(std::uint32_t slot)
     {
         try {
-            index.emplace(view(at->name), at);
-        } catch (...) {
-            index.clear(); // an incomplete index would deny what the list holds
-            throw;
+            index->entries.insert(slot);
+            return true;
+        } catch (const std::bad_alloc&) {
+            index.reset();
+            return false;
         }
     }
 
-    Index::iterator findEntry(const String& name, unsigned int n)
+    // False if there is no memory for it.
+    bool makeIndex()
     {
-        if (index.empty())
-            for (auto at = list.begin(); at != list.end(); ++at)
-                enter(at);
-        auto [entry, end] = index.equal_range(view(name));
+        if (index)
+            return true;
+        index.reset(new (std::nothrow) Index(this));
+        for (std::uint32_t slot = 0; index && slot < nSlots; ++slot)
+            if (!isGone(slot))
+                enter(slot);
+        return index != nullptr;
+    }
+
+    Entry findEntry(std::string_view name, unsigned int n)
+    {
+        auto [entry, end] = index->entries.equal_range(name);
         while (entry != end && n-- > 0)
             ++entry;
-        return entry == end ? index.end() : entry;
+        return entry == end ? index->entries.end() : entry;
     }
 };
 
@@ -106,12 +231,8 @@ NamedList::~NamedList() = default;
 
 NamedList& NamedList::operator=(const NamedList& other)
 {
-    if (this == &other)
-        return *this;
-    clear();
-    if (other.pairs_)
-        for (const Pair& pair : other.pairs_->list)
-            insert(pair.name, pair.value, -1);
+    if (this != &other)
+        pairs_ = other.lines() > 0 ? Pairs::copyOf(*other.pairs_, 0) : nullptr;
     return *this;
 }
 
@@ -122,7 +243,7 @@ void NamedList::clear()
 
 unsigned int NamedList::lines() const
 {
-    return pairs_ ? static_cast<unsigned int>(pairs_->list.size()) : 0;
+    return pairs_ ? pairs_->size() : 0;
 }
 
 int NamedList::exist(const String& name) const
@@ -130,49 +251,87 @@ int NamedList::exist(const String& name) const
     return value(name, nullptr, 0) ? 1 : 0;
 }
 
+// Makes room for a pair with so many bytes. True if pairs had to move.
+bool NamedList::makeRoom(std::size_t bytes)
+{
+    const std::size_t needed = sizeof(Slot) + bytes;
+    if (!pairs_) {
+        pairs_ = Pairs::make(2 * needed);
+        return false;
+    }
+    if (pairs_->hasRoom(needed))
+        return false;
+    auto larger = Pairs::copyOf(*pairs_, needed + pairs_->bytes() / 2);
+    if (pairs_->nGone == 0 && pairs_->index) {
+        larger->index = std::move(pairs_->index);
+        larger->index->pairs = larger.get();
+    }
+    pairs_ = std::move(larger);
+    return true;
+}
+
 void NamedList::insert(const String& name, const String& value, int position)
 {
-    if (!pairs_)
-        pairs_ = std::make_unique<Pairs>();
+    makeRoom(std::size_t{name.length()} + value.length());
     const bool within = position >= 0 && static_cast<unsigned int>(position) < lines();
-    pairs_->insert(within ? pairs_->place.seek(pairs_->list, static_cast<unsigned int>(position)) : pairs_->list.end(),
-                   name, value);
+    pairs_->insert(within ? pairs_->seek(static_cast<std::uint32_t>(position)) : pairs_->nSlots, view(name),
+                   view(value));
 }
 
 bool NamedList::replace(const String& name, const String& value, unsigned int index)
 {
-    if (!pairs_)
+    std::uint32_t slot = pairs_ ? pairs_->find(view(name), index) : 0;
+    if (!pairs_ || slot == pairs_->nSlots)
         return false;
-    const auto pair = pairs_->find(name, index);
-    if (pair == pairs_->list.end())
-        return false;
-    pair->value = value;
+    if (makeRoom(std::size_t{name.length()} + value.length()))
+        slot = pairs_->find(view(name), index);
+    pairs_->replace(slot, view(value));
     return true;
+}
+
+void NamedList::put(const String& name, const String& value)
+{
+    if (!replace(name, value, 0))
+        insert(name, value, -1);
 }
 
 bool NamedList::remove(const String& name, unsigned int index)
 {
-    return pairs_ && pairs_->remove(name, index);
+    return pairs_ && pairs_->remove(view(name), index);
 }
 
 bool NamedList::value(const String& name, String* value, unsigned int index) const
 {
     if (!pairs_)
         return false;
-    const auto pair = pairs_->find(name, index);
-    if (pair == pairs_->list.end())
+    const std::uint32_t slot = pairs_->find(view(name), index);
+    if (slot == pairs_->nSlots)
         return false;
-    put(value, pair->value);
+    if (value)
+        value->assign(pairs_->value(slot));
     return true;
 }
 
 bool NamedList::get(String* name, String* value, unsigned int index) const
 {
+    std::string_view nameBytes;
+    std::string_view valueBytes;
+    if (!peek(&nameBytes, &valueBytes, index))
+        return false;
+    if (name)
+        name->assign(nameBytes);
+    if (value)
+        value->assign(valueBytes);
+    return true;
+}
+
+bool NamedList::peek(std::string_view* name, std::string_view* value, unsigned int index) const
+{
     if (index >= lines())
         return false;
-    const auto pair = pairs_->place.seek(pairs_->list, index);
-    put(name, pair->name);
-    put(value, pair->value);
+    const std::uint32_t slot = pairs_->seek(index);
+    *name = pairs_->name(slot);
+    *value = pairs_->value(slot);
     return true;
 }
 

@@ -1,55 +1,54 @@
-// Numbered access to a linked list that does not walk from its beginning each time.
+// Numbered access to a sequence with gaps.
 #pragma once
 
-#include <cstddef>
-#include <iterator>
+#include <cstdint>
 
 namespace ym {
 
-// The place in a List where the last look-up by number stopped. The next one goes on from there, or from an end of the
-// list if that is nearer, so that a loop over all numbers walks the list once, in either direction and also if it takes
-// elements out on its way.
-template <class List> class NumberedPlace {
+// The place in a sequence of slots where the last look-up by number stopped. Slots whose element was taken out are gone
+// and have no number. The next look-up goes on from that place, or from an end of the sequence if that is nearer, so
+// that a loop over all numbers passes each slot once, in either direction and also if it takes elements out on its way.
+class NumberedPlace {
 public:
-    using iterator = typename List::iterator;
-
-    // The element number `index`, counted from 0. There must be one.
-    iterator seek(List& list, unsigned int index)
+    // The slot of element number `index`, counted from 0. There must be one.
+    template <class IsGone>
+    std::uint32_t seek(std::uint32_t index, std::uint32_t nSlots, std::uint32_t nElements, IsGone isGone)
     {
-        const auto size = static_cast<unsigned int>(list.size());
-        if (!known_ || index < index_ / 2)
-            set(list.begin(), 0);
-        if (index > index_ && size - index < index - index_)
-            set(list.end(), size);
-        std::advance(at_, static_cast<std::ptrdiff_t>(index) - static_cast<std::ptrdiff_t>(index_));
-        index_ = index;
-        return at_;
+        if (nSlots == nElements)
+            return index;
+        if (index < index_ / 2)
+            set(0, 0);
+        if (index > index_ && nElements - index < index - index_)
+            set(nSlots, nElements);
+        for (; index_ > index; --index_)
+            do
+                --slot_;
+            while (isGone(slot_));
+        while (isGone(slot_))
+            ++slot_;
+        for (; index_ < index; ++index_)
+            do
+                ++slot_;
+            while (isGone(slot_));
+        return slot_;
     }
 
-    // To be called before `gone` is taken out of the list: its successor takes over its number.
-    void leave(const List& list, iterator gone)
-    {
-        const bool isHere = known_ && at_ == gone;
-        forget();
-        if (isHere && std::next(gone) != list.end())
-            set(std::next(gone), index_);
-        else if (isHere && index_ > 0)
-            set(std::prev(gone), index_ - 1);
-    }
+    // To be called when the element of a slot is taken out: what stands behind it moves up a number.
+    void leave(std::uint32_t slot) { index_ -= slot < slot_; }
 
-    void forget() { known_ = false; }
+    // To be called when slots move.
+    void forget() { set(0, 0); }
 
 private:
-    void set(iterator at, unsigned int index)
+    void set(std::uint32_t slot, std::uint32_t index)
     {
-        at_ = at;
+        slot_ = slot;
         index_ = index;
-        known_ = true;
     }
 
-    iterator at_{};
-    unsigned int index_ = 0;
-    bool known_ = false;
+    // The first element in this slot or behind it has this number.
+    std::uint32_t slot_ = 0;
+    std::uint32_t index_ = 0;
 };
 
 } // namespace ym

@@ -4,11 +4,11 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <stdexcept>
-#include <string_view>
 
-#include "support/pregex/ByteSet.h"
+#include "support/number.h"
 #include "support/view.h"
 
 namespace ym {
@@ -20,32 +20,6 @@ constexpr std::size_t longest = String::npos - 1;
 std::size_t lengthOf(const char* text)
 {
     return text ? std::strlen(text) : 0;
-}
-
-std::string_view withoutSpaceAround(std::string_view text)
-{
-    while (!text.empty() && pregex::space[static_cast<unsigned char>(text.front())])
-        text.remove_prefix(1);
-    while (!text.empty() && pregex::space[static_cast<unsigned char>(text.back())])
-        text.remove_suffix(1);
-    return text;
-}
-
-template <class Width> Width toNumber(std::string_view text, bool* ok, int base)
-{
-    const std::string_view digits = withoutSpaceAround(text);
-    const char* end = digits.data() + digits.size();
-    Width number = 0;
-    std::from_chars_result result = {digits.data(), std::errc::invalid_argument};
-    if (base >= 2 && base <= 36)
-        result = std::from_chars(digits.data(), end, number, base);
-    const bool whole = result.ec != std::errc::invalid_argument && result.ptr == end;
-    const bool fits = whole && result.ec == std::errc();
-    if (ok)
-        *ok = fits;
-    if (fits)
-        return number;
-    return whole ? std::numeric_limits<Width>::max() : Width(0);
 }
 
 } // namespace
@@ -94,28 +68,28 @@ void String::replace(const char* bytes, std::size_t n)
     setLength(capacity_);
 }
 
+// Makes room for `n` more bytes.
+void String::grow(std::size_t n)
+{
+    if (n > longest - length_)
+        throw std::length_error("ym::String: text too long");
+    const std::size_t capacity = std::min(std::max(length_ + n, std::size_t{2} * capacity_), longest);
+    char* const text = new char[capacity + 1];
+    std::memcpy(text, text_, length_ + std::size_t{1});
+    release();
+    text_ = text;
+    capacity_ = static_cast<unsigned int>(capacity);
+}
+
+// The bytes may be a part of this string, and reach to the NUL behind it.
 void String::add(const char* bytes, std::size_t n)
 {
     if (n == 0)
         return;
-    if (isInPlace())
-        *this = String(*this);
-    if (n <= capacity_ - length_) {
-        std::memmove(text_ + length_, bytes, n); // the bytes may reach to the NUL behind the text
-        setLength(length_ + static_cast<unsigned int>(n));
-        return;
-    }
-    if (n > longest - length_)
-        throw std::length_error("ym::String: text too long");
-    const std::size_t length = length_ + n;
-    const std::size_t capacity = std::min(std::max(length, std::size_t{2} * capacity_), longest);
-    char* const text = new char[capacity + 1];
-    std::memcpy(text, text_, length_);
-    std::memcpy(text + length_, bytes, n);
-    release();
-    text_ = text;
-    capacity_ = static_cast<unsigned int>(capacity);
-    setLength(static_cast<unsigned int>(length));
+    const bool isPart = !std::less<>()(bytes, text_) && !std::less<>()(text_ + length_, bytes);
+    const std::size_t offset = isPart ? static_cast<std::size_t>(bytes - text_) : 0;
+    char* const end = extend(n);
+    std::memmove(end, isPart ? text_ + offset : bytes, n);
 }
 
 // Fills this string, which must hold nothing on the heap, from another one, which becomes empty.
@@ -199,6 +173,23 @@ String& String::append(const char* text)
 String& String::append(const void* data, unsigned int n)
 {
     add(static_cast<const char*>(data), n);
+    return *this;
+}
+
+char* String::extend(unsigned long n)
+{
+    if (isInPlace())
+        *this = String(*this);
+    if (n > capacity_ - length_)
+        grow(n);
+    char* const end = text_ + length_;
+    setLength(length_ + static_cast<unsigned int>(n));
+    return end;
+}
+
+String& String::assign(std::string_view bytes)
+{
+    replace(bytes.data(), bytes.size());
     return *this;
 }
 

@@ -107,12 +107,7 @@ public:
     struct YM_HIDDEN SDPMediaPayload_impl;
 
 private:
-    friend class SDPMedia;
-
-    // From now on, sets `*changed` whenever the number changes. A media section finds its payloads by number without a
-    // walk over all of them, and is told in this way that they have to be looked at again.
-    YM_HIDDEN void watchNumber(bool* changed);
-    YM_HIDDEN bool isWatchedBy(const bool* changed) const;
+    friend class SDPMedia; // which finds its payloads by number, and writes them, without a detour
 
     std::unique_ptr<SDPMediaPayload_impl> impl_;
 };

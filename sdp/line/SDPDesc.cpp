@@ -8,6 +8,7 @@
 
 #include "sdp/line/SDPDesc_impl.h"
 #include "sdp/line/text.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -33,14 +34,8 @@ String fieldLine(char type, const String& value)
 String attrLine(char type, const String& name, const String& value)
 {
     String line;
-    putBare(line, type, nameValue(name, ":", value));
+    putBare(line, type, nameValue(view(name), ":", view(value)));
     return line;
-}
-
-// Whether a line may come in: of a known type, with a value.
-bool isKept(const char* line, unsigned int length)
-{
-    return length >= 2 && line[1] == '=' && Impl::rank(Impl::revorder_session, *line) >= 0;
 }
 
 int addLines(Impl& impl, const String& text)
@@ -51,7 +46,7 @@ int addLines(Impl& impl, const String& text)
     unsigned int length = 0;
     impl.forget();
     while (reader.readLine(&line, &length) > 0) {
-        if (!isKept(line, length))
+        if (!isLine({line, length}))
             return -1;
         impl.append(line, length);
     }
@@ -72,19 +67,23 @@ unsigned int lengthOf(const Impl& impl)
 int read(Impl& impl, int section, char type, String* value)
 {
     const Impl::Position at = impl.find(section, type);
-    if (at == impl.lines.end() || !hasValue(*at))
+    if (at == impl.lines.end() || !hasValue(view(*at)))
         return -1;
     if (value)
-        value->assign(valueOf(*at));
+        value->assign(untilNul(valueOf(view(*at))));
     return 0;
 }
 
 int readNumbered(Impl& impl, int section, int n, String* name, String* value, char type)
 {
     const Impl::Position at = impl.numbered(section, n, type);
-    if (at == impl.lines.end() || !hasValue(*at))
+    if (at == impl.lines.end() || !hasValue(view(*at)))
         return -1;
-    cut(*at, name, value);
+    const NameValue attribute = cut(valueOf(view(*at)));
+    if (name)
+        name->assign(attribute.name);
+    if (value)
+        value->assign(attribute.value);
     return 0;
 }
 
@@ -127,7 +126,7 @@ int SDPDesc::parse(const String& text)
 
 int SDPDesc::parseLine(const String& line)
 {
-    if (!isKept(line.chars(), line.length()))
+    if (!isLine(view(line)))
         return -1;
     impl_->insert(impl_->lines.end(), line);
     return 0;

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "sdp/line/text.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -192,13 +193,8 @@ int Impl::count(int section, char type)
 int Impl::countNamed(int section, const String& name, char type)
 {
     int n = 0;
-    String found;
-    for (Position at = numbered(section, 0, type); at != lines.end() && typeOf(*at) == type; ++at) {
-        if (!hasValue(*at))
-            continue;
-        cut(*at, &found, nullptr);
-        n += std::strcmp(found.chars(), name.chars()) == 0;
-    }
+    for (Position at = numbered(section, 0, type); at != lines.end() && typeOf(*at) == type; ++at)
+        n += hasValue(view(*at)) && isText(cut(valueOf(view(*at))).name, name.chars());
     return n;
 }
 

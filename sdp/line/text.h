@@ -1,116 +1,173 @@
 // The form of a line, "x=value", taken apart and put together. No other file knows it.
 #pragma once
 
-#include <algorithm>
+#include <charconv>
 #include <cstring>
+#include <iterator>
+#include <string_view>
 
 #include <tovik/String.h>
 
 namespace ym::SDP {
 
-// Taken apart: one line of a list, without its line end
+// Taken apart: one line, without its line end
 
 inline char typeOf(const String& line)
 {
     return line.chars()[0];
 }
 
+// Whether a text is a line of a description: of a type that there is, and with a value, empty or not.
+inline bool isLine(std::string_view text)
+{
+    constexpr std::string_view types = "vosiuepcbzktram";
+    return text.size() >= 2 && text[1] == '=' && types.find(text[0]) != std::string_view::npos;
+}
+
 // Whether the line has a place for a value, empty or not.
-inline bool hasValue(const String& line)
+inline bool hasValue(std::string_view line)
 {
-    return line.length() >= 2;
+    return line.size() >= 2;
 }
 
-inline const char* valueOf(const String& line)
+inline std::string_view valueOf(std::string_view line)
 {
-    return line.chars() + 2;
+    return line.substr(2);
 }
 
-// Replaces a text by a part of a line. Unlike an assignment of a substring, this makes use of the memory that the text
-// has already.
-inline void copyPart(const String& line, unsigned int start, unsigned int end, String* out)
+// What the interface gives as a text that ends at the first NUL.
+inline std::string_view untilNul(std::string_view text)
 {
-    out->assign(line.chars() + start, end - start);
-    if (out->length() < end - start)
-        out->append("", 1); // a NUL at the end of the part belongs to it
+    const void* const nul = text.empty() ? nullptr : std::memchr(text.data(), '\0', text.size());
+    return nul ? text.substr(0, static_cast<std::size_t>(static_cast<const char*>(nul) - text.data())) : text;
 }
 
-// a=name:value, or a=name
-inline void cut(const String& line, String* name, String* value)
+// A name, and its value behind a separator, if it has one.
+struct NameValue {
+    std::string_view name;
+    std::string_view separator;
+    std::string_view value;
+};
+
+// The value of an attribute line: "name:value", or "name".
+inline NameValue cut(std::string_view value)
 {
-    const unsigned int end = line.length();
-    const unsigned int colon = line.find(':', 2);
-    if (name)
-        copyPart(line, 2, std::min(colon, end), name);
-    if (value)
-        copyPart(line, colon < end ? colon + 1 : end, end, value);
+    const std::size_t colon = value.find(':');
+    if (colon == std::string_view::npos)
+        return {value, {}, {}};
+    return {value.substr(0, colon), value.substr(colon, 1), value.substr(colon + 1)};
 }
 
-// Put together: pieces of text, one behind the other
+// Whether a text reads as the word up to its first NUL.
+inline bool isText(std::string_view text, std::string_view word)
+{
+    return text.size() >= word.size() && std::memcmp(text.data(), word.data(), word.size()) == 0
+        && (text.size() == word.size() || text[word.size()] == '\0');
+}
 
 inline bool isEmpty(const String& text)
 {
     return *text.chars() == '\0';
 }
 
-// Most texts differ in their first character from the one that they are compared with.
-inline bool isText(const String& text, const char* word)
+// Put together: pieces of text, one behind the other
+
+inline NameValue nameValue(std::string_view name, std::string_view separator, std::string_view value)
 {
-    return *text.chars() == *word && std::strcmp(text.chars(), word) == 0;
+    return {untilNul(name), separator, untilNul(value)};
 }
 
-// A name, and its value behind a separator, if it has one.
-struct NameValue {
-    const String& name;
-    const char* separator;
-    const String& value;
+// The decimal digits of a number.
+struct Digits {
+    char digits[20];
+    std::size_t length;
 };
 
-inline NameValue nameValue(const String& name, const char* separator, const String& value)
+inline Digits number(unsigned long n)
 {
-    return {name, separator, value};
+    Digits text;
+    text.length = static_cast<std::size_t>(std::to_chars(text.digits, std::end(text.digits), n).ptr - text.digits);
+    return text;
 }
 
-inline String number(unsigned long n)
+// A piece as the bytes that it adds.
+inline std::string_view bytesOf(std::string_view text)
 {
-    String digits;
-    digits.setNum(n);
-    return digits;
+    return text;
 }
 
-inline void put(String& out, const char* text)
+inline std::string_view bytesOf(const char* text)
 {
-    out.append(text);
+    return text;
 }
 
-inline void put(String& out, const String& text)
+inline std::string_view bytesOf(const String& text)
 {
-    out.append(text.chars());
+    return text.chars();
 }
 
-inline void put(String& out, const NameValue& pair)
+inline std::string_view bytesOf(const Digits& number)
 {
-    put(out, pair.name);
-    if (!isEmpty(pair.value)) {
-        put(out, pair.separator);
-        put(out, pair.value);
-    }
+    return {number.digits, number.length};
 }
 
-// "x=" and the pieces.
+inline NameValue bytesOf(const NameValue& pair)
+{
+    return pair.value.empty() ? NameValue{pair.name, {}, {}} : pair;
+}
+
+inline std::size_t lengthOf(std::string_view bytes)
+{
+    return bytes.size();
+}
+
+inline std::size_t lengthOf(const NameValue& pair)
+{
+    return pair.name.size() + pair.separator.size() + pair.value.size();
+}
+
+inline char* copy(char* to, std::string_view bytes)
+{
+    if (!bytes.empty())
+        std::memcpy(to, bytes.data(), bytes.size());
+    return to + bytes.size();
+}
+
+inline char* copy(char* to, const NameValue& pair)
+{
+    return copy(copy(copy(to, pair.name), pair.separator), pair.value);
+}
+
+template <class... Bytes> void putBytes(String& out, const Bytes&... bytes)
+{
+    char* to = out.extend((std::size_t{0} + ... + lengthOf(bytes)));
+    ((to = copy(to, bytes)), ...);
+}
+
+// Pieces are texts, which end at their first NUL, numbers, and names with values.
+template <class... Pieces> void put(String& out, const Pieces&... pieces)
+{
+    putBytes(out, bytesOf(pieces)...);
+}
+
+// "x=" and the pieces. A type of 0 adds nothing, like any other NUL.
 template <class... Pieces> void putBare(String& out, char type, const Pieces&... pieces)
 {
-    const char head[] = {type, '\0'};
-    put(out, head);
-    put(out, "=");
-    (put(out, pieces), ...);
+    const char head[] = {type, '='};
+    put(out, std::string_view(head, sizeof head).substr(type == '\0'), pieces...);
 }
 
 // The same, with the line end of the wire.
+constexpr std::string_view lineEnd = "\r\n";
+
 template <class... Pieces> void putLine(String& out, char type, const Pieces&... pieces)
 {
-    putBare(out, type, pieces...);
-    put(out, "\r\n");
+    putBare(out, type, pieces..., lineEnd);
+}
+
+inline void putLineEnd(String& out)
+{
+    put(out, lineEnd);
 }
 
 } // namespace ym::SDP

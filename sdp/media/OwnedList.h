@@ -1,6 +1,7 @@
 #pragma once
 
-#include <list>
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <unordered_map>
@@ -11,115 +12,153 @@
 
 namespace ym::SDP {
 
-// An ordered list of objects that it owns. Objects keep their place in memory, and other entries theirs in the list,
-// whatever comes and goes.
+// An ordered list of objects that it owns. Objects keep their place in memory, whatever comes and goes. An object that
+// is taken out leaves an empty slot; these are closed when they have become as many as the objects.
 template <class T> class OwnedList {
-    using List = std::list<std::unique_ptr<T>>;
+    using Slots = std::vector<std::unique_ptr<T>>;
 
 public:
-    using iterator = typename List::iterator;
+    // Over the objects that are there.
+    class iterator {
+    public:
+        iterator(const Slots* slots, std::size_t slot) : slots_(slots), slot_(slot) { skipEmpty(); }
 
-    unsigned int size() const { return static_cast<unsigned int>(list_.size()); }
-    bool empty() const { return list_.empty(); }
-    iterator begin() { return list_.begin(); }
-    iterator end() { return list_.end(); }
+        T& operator*() const { return *(*slots_)[slot_]; }
+        iterator& operator++()
+        {
+            ++slot_;
+            skipEmpty();
+            return *this;
+        }
+        bool operator!=(const iterator& other) const { return slot_ != other.slot_; }
+
+    private:
+        void skipEmpty()
+        {
+            while (slot_ < slots_->size() && !(*slots_)[slot_])
+                ++slot_;
+        }
+
+        const Slots* slots_;
+        std::size_t slot_;
+    };
+
+    iterator begin() const { return {&slots_, 0}; }
+    iterator end() const { return {&slots_, slots_.size()}; }
+    unsigned int size() const { return static_cast<unsigned int>(slots_.size()) - nEmpty_; }
+    bool empty() const { return size() == 0; }
 
     // The object at a position, or null. A loop over all positions walks the list once.
-    T* at(unsigned int index) { return index < size() ? place_.seek(list_, index)->get() : nullptr; }
-
-    iterator add(std::unique_ptr<T> object)
+    T* at(unsigned int index)
     {
-        const bool indexed = !entries_.empty();
-        const iterator entry = list_.insert(list_.end(), std::move(object));
-        if (indexed)
-            enter(entry);
-        return entry;
+        if (index >= size())
+            return nullptr;
+        const auto nSlots = static_cast<std::uint32_t>(slots_.size());
+        return slots_[place_.seek(index, nSlots, size(), [this](std::uint32_t i) { return !slots_[i]; })].get();
     }
 
-    // Takes an entry out of the list and gives its object away.
-    std::unique_ptr<T> take(iterator entry)
+    void add(std::unique_ptr<T> object)
     {
-        std::unique_ptr<T> object = std::move(*entry);
-        entries_.erase(object.get());
-        place_.leave(list_, entry);
-        list_.erase(entry);
-        return object;
+        if (slots_.empty())
+            slots_.reserve(firstSlots);
+        slots_.push_back(std::move(object));
+        if (places_)
+            enter(slots_.size() - 1);
     }
 
-    // Destroys an object and removes all entries that hold it. False if there is none.
-    bool drop(const T* object)
+    // Takes an object out and gives it away. Null if it is not there. An object that was added twice, against the
+    // rules, leaves all its places; it can be given away only once.
+    std::unique_ptr<T> take(const T* object)
     {
-        std::unique_ptr<T> dropped;
-        for (const iterator entry : entriesOf(object)) {
-            std::unique_ptr<T> taken = take(entry);
-            if (dropped)
-                static_cast<void>(taken.release()); // added twice, against the rules, but it can be destroyed only once
-            else
-                dropped = std::move(taken);
+        std::unique_ptr<T> taken;
+        if (!object)
+            return taken;
+        for (const std::uint32_t slot : placesOf(object)) {
+            static_cast<void>(taken.release());
+            taken = std::move(slots_[slot]);
+            place_.leave(slot);
+            ++nEmpty_;
         }
-        return dropped != nullptr;
+        if (places_)
+            places_->erase(object);
+        if (nEmpty_ > size() + shortList)
+            closeGaps();
+        return taken;
     }
 
     // Destroys all objects, the first one first.
     void clear()
     {
-        entries_.clear();
-        place_.forget();
-        while (!list_.empty())
-            list_.pop_front();
+        for (std::unique_ptr<T>& object : slots_)
+            object.reset();
+        *this = OwnedList();
     }
 
     // Adds copies of all objects of another list.
     void copy(const OwnedList& other)
     {
-        for (const std::unique_ptr<T>& object : other.list_) {
+        slots_.reserve(slots_.size() + other.size());
+        for (const T& object : other) {
             auto added = std::make_unique<T>();
-            *added = *object;
+            *added = object;
             add(std::move(added));
         }
     }
 
 private:
-    std::vector<iterator> entriesOf(const T* object)
+    using Places = std::unordered_multimap<const T*, std::uint32_t>;
+
+    static constexpr std::size_t firstSlots = 4;
+    static constexpr unsigned int shortList = 32; // as fast to walk as to look up
+
+    std::vector<std::uint32_t> placesOf(const T* object)
     {
-        constexpr std::size_t shortList = 32; // as fast to walk as to look up
-        if (list_.size() <= shortList)
-            return entriesByWalk(object);
-        if (entries_.empty())
-            for (iterator entry = begin(); entry != end() && enter(entry); ++entry) { }
-        if (entries_.empty()) // there was no memory for them
-            return entriesByWalk(object);
-        std::vector<iterator> found;
-        const auto [first, last] = entries_.equal_range(object);
-        for (auto each = first; each != last; ++each)
-            found.push_back(each->second);
+        std::vector<std::uint32_t> found;
+        if (slots_.size() > shortList && findPlaces()) {
+            const auto [first, last] = places_->equal_range(object);
+            std::for_each(first, last, [&](const auto& place) { found.push_back(place.second); });
+            return found;
+        }
+        for (std::uint32_t slot = 0; slot < slots_.size(); ++slot)
+            if (slots_[slot].get() == object)
+                found.push_back(slot);
         return found;
     }
 
-    std::vector<iterator> entriesByWalk(const T* object)
+    // False if there is no memory for them.
+    bool findPlaces()
     {
-        std::vector<iterator> found;
-        for (iterator entry = begin(); entry != end(); ++entry)
-            if (entry->get() == object)
-                found.push_back(entry);
-        return found;
+        if (places_)
+            return true;
+        places_.reset(new (std::nothrow) Places);
+        for (std::size_t slot = 0; places_ && slot < slots_.size(); ++slot)
+            enter(slot);
+        return places_ != nullptr;
     }
 
-    // An index that lacks an entry would deny what the list holds; rather none than that.
-    bool enter(iterator entry)
+    // An index that lacks an object would deny what the list holds; rather none than that.
+    void enter(std::size_t slot)
     {
         try {
-            entries_.emplace(entry->get(), entry);
-            return true;
+            if (slots_[slot])
+                places_->emplace(slots_[slot].get(), static_cast<std::uint32_t>(slot));
         } catch (const std::bad_alloc&) {
-            entries_.clear();
-            return false;
+            places_.reset();
         }
     }
 
-    List list_;
-    NumberedPlace<List> place_;
-    std::unordered_multimap<const T*, iterator> entries_; // all of a long list, once one was dropped; or none
+    void closeGaps()
+    {
+        slots_.erase(std::remove(slots_.begin(), slots_.end(), nullptr), slots_.end());
+        nEmpty_ = 0;
+        place_.forget();
+        places_.reset();
+    }
+
+    Slots slots_;
+    unsigned int nEmpty_ = 0;
+    NumberedPlace place_;
+    std::unique_ptr<Places> places_; // of a long list, once an object was taken out; or null
 };
 
 } // namespace ym::SDP

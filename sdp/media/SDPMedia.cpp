@@ -11,9 +11,11 @@
 
 #include "sdp/line/text.h"
 #include "sdp/media/OwnedList.h"
+#include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/attributes.h"
 #include "sdp/media/direction.h"
 #include "sdp/media/fields.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -41,69 +43,81 @@ using Payloads = OwnedList<SDPMediaPayload>;
 struct SDPMedia::SDPMedia_impl : Fields {
     Payloads payloads;
 
-    Payloads::iterator find(unsigned short number);
+    SDPMediaPayload* find(unsigned short number);
     void add(std::unique_ptr<SDPMediaPayload> payload);
     std::unique_ptr<SDPMediaPayload> giveBack(const SDPMediaPayload* payload);
     void copyPayloads(const SDPMedia_impl& other);
-    bool holds(const SDPMediaPayload* payload) const { return payload->isWatchedBy(&renumbered_); }
+    bool holds(const SDPMediaPayload* payload) const { return payload->impl_->payloadNo.isWatchedBy(&renumbered_); }
     void clear() { *this = SDPMedia_impl(); }
 
 private:
+    using Numbers = std::unordered_map<unsigned short, SDPMediaPayload*>;
+
+    SDPMediaPayload* findByWalk(unsigned short number);
+    void findNumbers();
+
     // The first payload of each number, for lists that are too long to be walked for every line that names a number.
-    std::unordered_map<unsigned short, Payloads::iterator> numbers_;
+    std::unique_ptr<Numbers> numbers_;
     bool renumbered_ = false; // set by the payloads themselves: numbers_ may be wrong
 };
 
-Payloads::iterator SDPMedia::SDPMedia_impl::find(unsigned short number)
+SDPMediaPayload* SDPMedia::SDPMedia_impl::findByWalk(unsigned short number)
+{
+    for (SDPMediaPayload& payload : payloads)
+        if (payload.impl_->payloadNo.get() == number)
+            return &payload;
+    return nullptr;
+}
+
+void SDPMedia::SDPMedia_impl::findNumbers()
+{
+    auto numbers = std::make_unique<Numbers>();
+    for (SDPMediaPayload& payload : payloads)
+        numbers->emplace(payload.impl_->payloadNo.get(), &payload);
+    numbers_ = std::move(numbers);
+    renumbered_ = false;
+}
+
+SDPMediaPayload* SDPMedia::SDPMedia_impl::find(unsigned short number)
 {
     constexpr unsigned int shortList = 64;
-    if (payloads.size() <= shortList) {
-        auto entry = payloads.begin();
-        while (entry != payloads.end() && (*entry)->payloadNo() != number)
-            ++entry;
-        return entry;
-    }
-    if (numbers_.empty() || renumbered_) {
-        numbers_.clear();
-        for (auto entry = payloads.begin(); entry != payloads.end(); ++entry)
-            numbers_.emplace((*entry)->payloadNo(), entry);
-        renumbered_ = false;
-    }
-    const auto found = numbers_.find(number);
-    return found == numbers_.end() ? payloads.end() : found->second;
+    if (payloads.size() <= shortList)
+        return findByWalk(number);
+    if (!numbers_ || renumbered_)
+        findNumbers();
+    const auto found = numbers_->find(number);
+    return found == numbers_->end() ? nullptr : found->second;
 }
 
 void SDPMedia::SDPMedia_impl::add(std::unique_ptr<SDPMediaPayload> payload)
 {
     const unsigned short number = payload->payloadNo();
-    const auto replaced = find(number);
-    const bool distinct = numbers_.size() == payloads.size();
-    const bool indexed = !numbers_.empty() && !renumbered_ && distinct;
+    const SDPMediaPayload* const replaced = find(number);
+    const bool distinct = numbers_ && numbers_->size() == payloads.size();
+    const bool indexed = distinct && !renumbered_;
     renumbered_ = true; // until the index is right again
-    if (replaced != payloads.end())
+    if (replaced)
         payloads.take(replaced);
-    const auto added = payloads.add(std::move(payload));
-    (*added)->watchNumber(&renumbered_);
+    payload->impl_->payloadNo.watch(&renumbered_);
+    SDPMediaPayload* const added = payload.get();
+    payloads.add(std::move(payload));
     if (!indexed)
         return;
-    numbers_.insert_or_assign(number, added);
+    numbers_->insert_or_assign(number, added);
     renumbered_ = false;
 }
 
 std::unique_ptr<SDPMediaPayload> SDPMedia::SDPMedia_impl::giveBack(const SDPMediaPayload* payload)
 {
-    auto entry = payloads.begin();
-    while (entry->get() != payload)
-        ++entry;
     renumbered_ = true;
-    return payloads.take(entry);
+    return payloads.take(payload);
 }
 
 void SDPMedia::SDPMedia_impl::copyPayloads(const SDPMedia_impl& other)
 {
     payloads.copy(other.payloads);
-    for (const auto& payload : payloads)
-        payload->watchNumber(&renumbered_);
+    for (SDPMediaPayload& payload : payloads)
+        payload.impl_->payloadNo.watch(&renumbered_);
     renumbered_ = true;
 }
 
@@ -139,17 +153,17 @@ void SDPMedia::setMediaType(const char* media)
 
 bool SDPMedia::isVideo()
 {
-    return isText(impl_->media, "video");
+    return isText(view(impl_->media), "video");
 }
 
 bool SDPMedia::isAudio()
 {
-    return isText(impl_->media, "audio");
+    return isText(view(impl_->media), "audio");
 }
 
 bool SDPMedia::isApplication()
 {
-    return isText(impl_->media, "application");
+    return isText(view(impl_->media), "application");
 }
 
 unsigned short SDPMedia::port()
@@ -186,17 +200,16 @@ SDPMediaPayload* SDPMedia::mediaPayload(unsigned int index)
 
 SDPMediaPayload* SDPMedia::mediaPayload(unsigned short number)
 {
-    const auto found = impl_->find(number);
-    return found == impl_->payloads.end() ? nullptr : found->get();
+    return impl_->find(number);
 }
 
 SDPMediaPayload* SDPMedia::mediaPayload(const String& mapping)
 {
     String text;
-    for (const auto& payload : impl_->payloads) {
-        payload->payload(&text);
-        if (isText(text, mapping.chars()) || text.compare(mapping, 0, mapping.length()) == 0)
-            return payload.get();
+    for (SDPMediaPayload& payload : impl_->payloads) {
+        payload.payload(&text);
+        if (isText(view(text), mapping.chars()) || text.compare(mapping, 0, mapping.length()) == 0)
+            return &payload;
     }
     return nullptr;
 }
@@ -233,16 +246,17 @@ int SDPMedia::attr(unsigned int index, String* name, String* value)
 
 int SDPMedia::addAttr(const String& name, const String& value)
 {
-    if (!isDirection(name, &impl_->direction))
-        putAttr(impl_->attrs, name, value);
+    if (!isDirection(view(name), &impl_->direction))
+        impl_->attrs.put(name, value);
     return 0;
 }
 
 int SDPMedia::removeAttr(const String& name)
 {
-    if (!isDirection(name, nullptr))
-        return dropAttr(impl_->attrs, name);
-    setSendRecv();
+    if (isDirection(view(name), nullptr))
+        setSendRecv();
+    else
+        impl_->attrs.remove(name, 0);
     return 0;
 }
 
@@ -400,21 +414,17 @@ int SDPMedia::generate(String* out)
     if (!out)
         return SDP_INVALID_ARGUMENT;
     out->assign("");
-    String formats;
-    for (const auto& payload : impl_->payloads) {
-        put(formats, " ");
-        put(formats, number(payload->payloadNo()));
-    }
-    putLine(*out, 'm', impl_->media, " ", number(impl_->port), " ", impl_->transport, formats);
+    putBare(*out, 'm', impl_->media, " ", number(impl_->port), " ", impl_->transport);
+    for (const SDPMediaPayload& payload : impl_->payloads)
+        put(*out, " ", number(payload.impl_->payloadNo.get()));
+    putLineEnd(*out);
     putText(*out, 'i', impl_->sessionDesc);
     putConnection(*out, impl_->connection);
     for (const Bandwidth& bandwidth : impl_->bandwidth)
         putBandwidth(*out, bandwidth);
     putEncryption(*out, impl_->encryption);
-    String text;
-    for (const auto& payload : impl_->payloads)
-        if (payload->generate(&text) != 0)
-            put(*out, text);
+    for (const SDPMediaPayload& payload : impl_->payloads)
+        payload.impl_->putLines(*out);
     putAttrLines(*out, impl_->attrs);
     if (!sendrecv())
         putLine(*out, 'a', directionWord(impl_->direction));

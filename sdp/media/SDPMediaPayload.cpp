@@ -1,85 +1,91 @@
 #include <sdp/SDPMediaPayload.h>
 
+#include <algorithm>
 #include <cstdint>
-
-#include <tovik/NamedList.h>
-#include <tovik/PRegEx.h>
+#include <string_view>
 
 #include "sdp/line/text.h"
+#include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/attributes.h"
 #include "sdp/media/fields.h"
+#include "support/number.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
 namespace {
 
-// A payload number that tells when it changes. Who is told belongs to the place of the number, not to its value, and
-// stays when another number is assigned.
-class PayloadNumber {
-public:
-    PayloadNumber() = default;
-    PayloadNumber(const PayloadNumber& other) : number_(other.number_) { }
+using State = SDPMediaPayload::SDPMediaPayload_impl;
 
-    PayloadNumber& operator=(const PayloadNumber& other)
-    {
-        set(other.number_);
-        return *this;
-    }
+bool hasMapping(const State& s)
+{
+    return !isEmpty(s.encoding) && s.clockRate != 0;
+}
 
-    unsigned short get() const { return number_; }
-
-    void set(unsigned short number)
-    {
-        if (changed_ && number != number_)
-            *changed_ = true;
-        number_ = number;
-    }
-
-    void watch(bool* changed) { changed_ = changed; }
-    bool isWatchedBy(const bool* changed) const { return changed_ == changed; }
-
-private:
-    unsigned short number_ = 0;
-    bool* changed_ = nullptr;
+struct Mapping {
+    std::string_view encoding;
+    std::string_view clockRate;
+    std::string_view param;
 };
+
+// PCMU/8000, L16/44100/2
+//
+// The clock rate begins behind the last slash that has any byte but a slash, and then a digit, behind it. No white
+// space may stand anywhere else than in the place of that byte.
+bool readMapping(std::string_view text, Mapping* mapping)
+{
+    std::size_t slash = text.size() < 4 ? 0 : text.size() - 3;
+    const auto firstSpace = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isSpace) - text.begin());
+    for (; slash > 0; --slash) {
+        if (isSpace(text[slash + 2]))
+            return false;
+        if (text[slash] == '/' && text[slash + 1] != '/' && isDigit(text[slash + 2]) && slash <= firstSpace)
+            break;
+    }
+    if (slash == 0)
+        return false;
+    std::size_t end = slash + 2;
+    while (end < text.size() && isDigit(text[end]))
+        ++end;
+    mapping->encoding = text.substr(0, slash);
+    mapping->clockRate = text.substr(slash + 1, end - slash - 1);
+    mapping->param = text.substr(end < text.size() && text[end] == '/' ? end + 1 : end);
+    return true;
+}
+
+// L16/44100/2
+void putMapping(String& out, const State& s)
+{
+    const Digits clockRate = number(s.clockRate);
+    put(out, s.encoding, "/", nameValue(bytesOf(clockRate), "/", view(s.encodingParam)));
+}
+
+// a=1;b;c=3
+void putParams(String& out, const NamedList& params)
+{
+    const char* separator = "";
+    eachAttr(params, [&](std::string_view name, std::string_view value) {
+        put(out, separator, nameValue(name, "=", value));
+        separator = ";";
+    });
+}
 
 } // namespace
 
-struct SDPMediaPayload::SDPMediaPayload_impl {
-    PayloadNumber payloadNo;
-    String encoding;
-    std::uint32_t clockRate = 0;
-    String encodingParam;
-    NamedList attrs = NamedList(": ");
-    NamedList formatParams = NamedList(": ");
-
-    bool hasMapping() const { return !isEmpty(encoding) && clockRate != 0; }
-
-    // 96 L16/44100/2
-    void putMapping(String& out) const
-    {
-        put(out, nameValue(encoding, "/", number(clockRate)));
-        if (!isEmpty(encodingParam)) {
-            put(out, "/");
-            put(out, encodingParam);
-        }
+void State::putLines(String& out) const
+{
+    if (hasMapping(*this)) {
+        putBare(out, 'a', "rtpmap:", number(payloadNo.get()), " ");
+        putMapping(out, *this);
+        putLineEnd(out);
     }
-
-    // a=1;b;c=3
-    String joinedParams() const
-    {
-        String joined;
-        const char* separator = "";
-        eachAttr(formatParams, [&](const String& name, const String& value) {
-            put(joined, separator);
-            put(joined, nameValue(name, "=", value));
-            separator = ";";
-        });
-        return joined;
+    if (formatParams.lines() > 0) {
+        putBare(out, 'a', "fmtp:", number(payloadNo.get()), " ");
+        putParams(out, formatParams);
+        putLineEnd(out);
     }
-
-    void clear() { *this = SDPMediaPayload_impl(); }
-};
+    putAttrLines(out, attrs);
+}
 
 SDPMediaPayload::SDPMediaPayload() : impl_(std::make_unique<SDPMediaPayload_impl>()) { }
 SDPMediaPayload::~SDPMediaPayload() = default;
@@ -99,16 +105,6 @@ void SDPMediaPayload::dump()
 {
     String text;
     generate(&text);
-}
-
-void SDPMediaPayload::watchNumber(bool* changed)
-{
-    impl_->payloadNo.watch(changed);
-}
-
-bool SDPMediaPayload::isWatchedBy(const bool* changed) const
-{
-    return impl_->payloadNo.isWatchedBy(changed);
 }
 
 // m=
@@ -171,19 +167,21 @@ int SDPMediaPayload::payload(String* out)
     if (!out)
         return -1;
     out->assign("");
-    if (impl_->hasMapping())
-        impl_->putMapping(*out);
+    if (hasMapping(*impl_))
+        putMapping(*out, *impl_);
     return 0;
 }
 
-// PCMU/8000, L16/44100/2
-int SDPMediaPayload::setPayload(const String& mapping)
+int SDPMediaPayload::setPayload(const String& text)
 {
-    PRegEx pattern(R"(^(\S+)/([^/]\d+)/{0,1}(\S*)$)", 0);
-    if (!pattern.match(mapping, 0))
+    Mapping mapping;
+    if (!readMapping(view(text), &mapping))
         return -1;
-    setEncoding(pattern[1], pattern[2].toUInt32(nullptr, 10));
-    setEncodingParam(pattern[3]);
+    String param; // a copy: the text may be one of the fields
+    param.assign(mapping.param);
+    impl_->clockRate = toNumber<std::uint32_t>(mapping.clockRate);
+    impl_->encoding.assign(mapping.encoding);
+    impl_->encodingParam = param;
     return 0;
 }
 
@@ -213,13 +211,14 @@ int SDPMediaPayload::attr(unsigned int index, String* name, String* value)
 
 int SDPMediaPayload::addAttr(const String& name, const String& value)
 {
-    putAttr(impl_->attrs, name, value);
+    impl_->attrs.put(name, value);
     return 0;
 }
 
 int SDPMediaPayload::removeAttr(const String& name)
 {
-    return dropAttr(impl_->attrs, name);
+    impl_->attrs.remove(name, 0);
+    return 0;
 }
 
 int SDPMediaPayload::cat(String* value)
@@ -296,13 +295,14 @@ int SDPMediaPayload::formatParam(unsigned int index, String* name, String* value
 
 int SDPMediaPayload::addFormatParam(const String& name, const String& value)
 {
-    putAttr(impl_->formatParams, name, value);
+    impl_->formatParams.put(name, value);
     return 0;
 }
 
 int SDPMediaPayload::removeFormatParam(const String& name)
 {
-    return dropAttr(impl_->formatParams, name);
+    impl_->formatParams.remove(name, 0);
+    return 0;
 }
 
 int SDPMediaPayload::clearFormatParam()
@@ -318,15 +318,7 @@ int SDPMediaPayload::generate(String* out)
     if (!out)
         return -1;
     out->assign("");
-    const String payloadNo = number(impl_->payloadNo.get());
-    if (impl_->hasMapping()) {
-        String mapping;
-        impl_->putMapping(mapping);
-        putLine(*out, 'a', "rtpmap:", payloadNo, " ", mapping);
-    }
-    if (impl_->formatParams.lines() > 0)
-        putLine(*out, 'a', "fmtp:", payloadNo, " ", impl_->joinedParams());
-    putAttrLines(*out, impl_->attrs);
+    impl_->putLines(*out);
     return -1;
 }
 

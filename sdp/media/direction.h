@@ -1,7 +1,7 @@
 // The direction of a media stream, and the attributes that say it (RFC 8866, section 6.7).
 #pragma once
 
-#include <tovik/String.h>
+#include <string_view>
 
 #include "sdp/line/text.h"
 
@@ -15,15 +15,15 @@ enum class Direction : int {
 };
 
 // In the order of the values.
-constexpr const char* directionWords[] = {"sendrecv", "sendonly", "recvonly", "inactive"};
+constexpr std::string_view directionWords[] = {"sendrecv", "sendonly", "recvonly", "inactive"};
 
-inline const char* directionWord(Direction direction)
+inline std::string_view directionWord(Direction direction)
 {
     return directionWords[static_cast<int>(direction)];
 }
 
 // Whether an attribute says a direction. `*direction` is left alone if it does not, and may be null.
-inline bool isDirection(const String& attribute, Direction* direction)
+inline bool isDirection(std::string_view attribute, Direction* direction)
 {
     for (int i = 0; i < 4; ++i) {
         if (!isText(attribute, directionWords[i]))

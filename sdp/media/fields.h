@@ -3,11 +3,13 @@
 
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 #include <sdp/vocabulary.h>
 #include <tovik/String.h>
 
 #include "sdp/line/text.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -78,7 +80,7 @@ struct Encryption {
 
 // Their lines, each written only if it is set. What stands behind the address of a session's connection is `suffix`.
 
-inline void putConnection(String& out, const Connection& connection, const String& suffix = String())
+inline void putConnection(String& out, const Connection& connection, std::string_view suffix = {})
 {
     if (connection.isSet())
         putLine(out, 'c', networkTypeStr(connection.netType), " ", addressTypeStr(connection.addrType), " ",
@@ -94,7 +96,7 @@ inline void putBandwidth(String& out, const Bandwidth& bandwidth)
 inline void putEncryption(String& out, const Encryption& encryption)
 {
     if (encryption.isSet())
-        putLine(out, 'k', nameValue(encryptionMethodStr(encryption.method), ":", encryption.key));
+        putLine(out, 'k', nameValue(encryptionMethodStr(encryption.method), ":", view(encryption.key)));
 }
 
 // A line that is a single text.

@@ -1,38 +1,28 @@
 // What the parser's files use of each other.
 #pragma once
 
-#include <cstdint>
-#include <vector>
+#include <string_view>
 
-#include <sdp/SDPDesc.h>
 #include <sdp/SDPDescEx.h>
-#include <tovik/String.h>
 
-#include "sdp/media/fields.h"
+#include "sdp/parser/Lines.h"
 
 namespace ym::SDP {
-
-// For PRegEx::split: however many pieces there are.
-constexpr int noLimit = 0x7FFFFFFF;
-
-// The numbers behind the transport of an "m=" line, in the order of the text.
-using Formats = std::vector<std::uint16_t>;
 
 // The value of a "c=" line. What follows the address stays text: a session reads it as numbers, a section as a part of
 // its address.
 struct ConnectionLine {
-    Connection connection;
-    String ttl;     // empty if there is none
-    String numAddr; // empty if there is none
+    NetworkType netType = NetworkTypeNone;
+    AddressType addrType = AddressTypeNone;
+    std::string_view address;
+    std::string_view ttl;     // empty if there is none
+    std::string_view numAddr; // empty if there is none
 };
 
 // False if the value has no such form; `*line` is left alone then.
-bool readConnection(const String& value, ConnectionLine* line);
+bool readConnection(std::string_view value, ConnectionLine* line);
 
-// Adds all usable media sections of the text to the session.
-void parseSections(SDPDesc& desc, SDPDescEx& session);
-
-// Gives a section its payloads, and what its "b=" and "a=" lines say.
-void parseMediaAttributes(SDPDesc& desc, int section, SDPMedia& media, Formats formats);
+// Adds all usable media sections of the text to the session. The lines begin with an "m=" line or are at their end.
+void parseSections(Lines& lines, SDPDescEx::SDPDescEx_impl& session);
 
 } // namespace ym::SDP

@@ -1,105 +1,186 @@
-// Media sections: the "m=" and "c=" lines of each, and where it goes.
+// Media sections: their "m=", "c=" and "b=" lines, their payloads, and where they go.
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
+#include <vector>
 
-#include <tovik/PRegEx.h>
-
+#include "sdp/line/Scanner.h"
+#include "sdp/media/fields.h"
+#include "sdp/parser/AttributeReader.h"
 #include "sdp/parser/parser.h"
+#include "sdp/session/SDPDescEx_impl.h"
+#include "sdp/vocabulary/words.h"
+#include "support/number.h"
 
 namespace ym::SDP {
 
 namespace {
 
+using Session = SDPDescEx::SDPDescEx_impl;
+
+// The numbers behind the transport of an "m=" line, in the order of the text.
+using Formats = std::vector<std::uint16_t>;
+
 // 0 8 96
-Formats readFormats(const String& list)
+//
+// Formats are parted by white space with a blank in it. Any other white space belongs to a format, which then is no
+// number.
+void readFormats(std::string_view list, Formats* formats)
 {
-    PRegEx pattern(R"(\s* \s*)", 0);
-    Formats formats;
-    const int n = pattern.split(list, noLimit);
-    formats.reserve(static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i)
-        formats.push_back(pattern[i].toUInt16(nullptr, 10));
-    return formats;
+    formats->clear();
+    while (!list.empty()) {
+        std::size_t end = std::min(list.find(' '), list.size());
+        formats->push_back(toNumber<std::uint16_t>(list.substr(0, end)));
+        list = withoutSpaceBefore(list.substr(end));
+    }
 }
 
-// m=audio 49170 RTP/AVP 0 8 96
-std::unique_ptr<SDPMedia> parseMediaLine(const String& value, Formats* formats)
+// The numbers without those that come again further behind. Of a number that an "m=" line repeats, only the last
+// payload stays, and a long line may do that a million times.
+void keepLastOfEach(Formats* formats)
 {
-    PRegEx pattern(R"(^(\S+)\s+(\d+)\s+(\S+)\s+(.*)$)", 0);
-    if (!pattern.match(value, 0))
-        return nullptr;
-    auto media = std::make_unique<SDPMedia>();
-    media->setMediaType(pattern[1].chars());
-    media->setPort(pattern[2].toUInt16(nullptr, 10));
-    media->setTransport(pattern[3].chars());
-    *formats = readFormats(pattern[4]);
-    return media;
-}
-
-// c=IN IP4 224.2.1.1/127
-void readSectionConnection(const String& value, SDPMedia& media)
-{
-    ConnectionLine line;
-    if (!readConnection(value, &line))
+    constexpr std::size_t shortList = 64;
+    if (formats->size() <= shortList)
         return;
-    String& address = line.connection.address;
-    if (line.ttl.length() > 0)
-        address.append("/").append(line.ttl.chars());
-    media.setConnection(line.connection.netType, line.connection.addrType, address);
+    std::vector<bool> seen(65536);
+    auto kept = formats->rbegin();
+    for (auto number = formats->rbegin(); number != formats->rend(); ++number) {
+        if (!seen[*number])
+            *kept++ = *number;
+        seen[*number] = true;
+    }
+    formats->erase(formats->begin(), kept.base());
 }
 
-// Null for a section whose "m=" line can not be read.
-std::unique_ptr<SDPMedia> parseSection(SDPDesc& desc, int section)
+// Gives the payload of the last number, or null if there is none.
+SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 {
-    String value;
-    Formats formats;
-    desc.media(section, 'm', &value);
-    auto media = parseMediaLine(value, &formats);
-    if (!media)
-        return nullptr;
-    if (desc.media(section, 'c', &value) == 0)
-        readSectionConnection(value, *media);
-    parseMediaAttributes(desc, section, *media, std::move(formats));
-    return media;
+    SDPMediaPayload* last = nullptr;
+    for (const std::uint16_t number : formats) {
+        auto payload = std::make_unique<SDPMediaPayload>();
+        payload->setPayloadNo(number);
+        last = payload.release();
+        media.addMediaPayload(last);
+    }
+    return last;
 }
 
 // The session takes the sections of the kinds that it has a list for.
-void addSection(SDPDescEx& session, std::unique_ptr<SDPMedia> media)
+void addSection(Session& session, std::unique_ptr<SDPMedia> media)
 {
     if (media->isVideo())
-        session.addMediaVideo(media.release());
+        session.videos.add(std::move(media));
     else if (media->isAudio())
-        session.addMediaAudio(media.release());
+        session.audios.add(std::move(media));
     else if (media->isApplication())
-        session.addMediaApplication(media.release());
+        session.applications.add(std::move(media));
 }
+
+// Reads one section after the other.
+class SectionReader {
+public:
+    explicit SectionReader(Lines& lines) : lines_(lines) { }
+
+    // Goes from an "m=" line to the next one, or to the end. Null for a section whose "m=" line can not be read.
+    std::unique_ptr<SDPMedia> read()
+    {
+        std::unique_ptr<SDPMedia> media = readMedia(untilNul(lines_.value()));
+        if (media)
+            attributes_.begin(*media, addPayloads(*media, formats_));
+        bool isConnected = false;
+        Run bandwidths('b');
+        Run attributes('a');
+        for (lines_.next(); !lines_.isEnd() && !lines_.isMedia(); lines_.next()) {
+            const char type = lines_.type();
+            if (!media)
+                continue;
+            if (type == 'c' && !std::exchange(isConnected, true))
+                readConnection(untilNul(lines_.value()), *media);
+            if (bandwidths.takes(type))
+                readBandwidth(lines_.value(), *media);
+            if (attributes.takes(type))
+                attributes_.read(lines_.value());
+        }
+        return media;
+    }
+
+private:
+    // m=audio 49170 RTP/AVP 0 8 96
+    std::unique_ptr<SDPMedia> readMedia(std::string_view value)
+    {
+        std::string_view type;
+        std::string_view port;
+        std::string_view transport;
+        Scanner at(value);
+        if (!at.word(&type) || !at.space() || !at.digits(&port) || !at.space() || !at.word(&transport) || !at.space())
+            return nullptr;
+        auto media = std::make_unique<SDPMedia>();
+        media->setMediaType(text_.assign(type).chars());
+        media->setPort(toNumber<unsigned short>(port));
+        media->setTransport(text_.assign(transport).chars());
+        readFormats(at.rest(), &formats_);
+        keepLastOfEach(&formats_);
+        return media;
+    }
+
+    // c=IN IP4 224.2.1.1/127
+    void readConnection(std::string_view value, SDPMedia& media)
+    {
+        ConnectionLine line;
+        if (!SDP::readConnection(value, &line))
+            return;
+        text_.assign(line.address);
+        if (!line.ttl.empty())
+            put(text_, "/", line.ttl);
+        media.setConnection(line.netType, line.addrType, text_);
+    }
+
+    // b=AS:128
+    void readBandwidth(std::string_view value, SDPMedia& media)
+    {
+        const NameValue bandwidth = cut(value);
+        media.setBandwidth(text_.assign(bandwidth.name), toNumber<std::uint32_t>(bandwidth.value));
+    }
+
+    Lines& lines_;
+    AttributeReader attributes_;
+    Formats formats_; // these two are kept for their memory
+    String text_;
+};
 
 } // namespace
 
-bool readConnection(const String& value, ConnectionLine* line)
+// IN IP4 224.2.1.1/127/3
+bool readConnection(std::string_view value, ConnectionLine* line)
 {
-    PRegEx pattern(R"(^\s*(\S+)\s+(\S+)\s+([^(/|\s)]+)/{0,1}(\S*)$)", 0);
-    if (!pattern.match(value, 0))
+    const auto isAddress = [](char c) { return !isSpace(c) && c != '(' && c != '/' && c != '|' && c != ')'; };
+    const auto isTTL = [](char c) { return c != '(' && c != '/' && c != ')'; };
+    std::string_view netType;
+    std::string_view addrType;
+    std::string_view address;
+    std::string_view tail;
+    Scanner at(value);
+    at.space();
+    if (!at.word(&netType) || !at.space() || !at.word(&addrType) || !at.space() || !at.take(&address, isAddress))
         return false;
-    line->connection = {networkTypeId(pattern[1].chars()), addressTypeId(pattern[2].chars()), pattern[3]};
-    const String rest = pattern[4];
-    if (rest.length() == 0)
-        return true;
-
-    // 127/3
-    PRegEx tail(R"(^([^(/)]+)/{0,1}(\S*)$)", 0);
-    if (tail.match(rest, 0)) {
-        line->ttl = tail[1];
-        line->numAddr = tail[2];
+    at.byte('/');
+    if (!at.lastWord(&tail))
+        return false;
+    *line = {networkTypeOf(netType), addressTypeOf(addrType), address, {}, {}};
+    Scanner inTail(tail);
+    if (inTail.take(&line->ttl, isTTL)) {
+        inTail.byte('/');
+        inTail.lastWord(&line->numAddr);
     }
     return true;
 }
 
-void parseSections(SDPDesc& desc, SDPDescEx& session)
+void parseSections(Lines& lines, Session& session)
 {
-    const int n = desc.nMedia();
-    for (int section = 0; section < n; ++section)
-        if (auto media = parseSection(desc, section))
+    SectionReader reader(lines);
+    while (!lines.isEnd())
+        if (auto media = reader.read())
             addSection(session, std::move(media));
 }
 

@@ -2,10 +2,13 @@
 // apart, returns where it has not the form of the line, and stores.
 #include <sdp/SDPDescEx.h>
 
-#include <tovik/PRegEx.h>
+#include <cstdint>
 
+#include "sdp/line/Scanner.h"
 #include "sdp/parser/parser.h"
 #include "sdp/session/SDPDescEx_impl.h"
+#include "sdp/vocabulary/words.h"
+#include "support/number.h"
 
 namespace ym::SDP {
 
@@ -14,112 +17,175 @@ namespace {
 using Session = SessionFields;
 
 // v=0
-void readVersion(const String& value, Session& s)
+void readVersion(std::string_view value, Session& s)
 {
-    s.version = value.toUInt16(nullptr, 10);
+    s.version = toNumber<std::uint16_t>(value);
 }
 
 // o=- 2890844526 2890842807 IN IP4 10.47.16.5
-bool readOrigin(const String& value, Session& s)
+bool readOrigin(std::string_view value, Session& s)
 {
-    PRegEx pattern(R"(^\s*(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s*$)", 0);
-    if (!pattern.match(value, 0))
+    std::string_view words[6];
+    Scanner at(value);
+    at.space();
+    for (std::string_view& word : words) {
+        if (!at.word(&word))
+            return false;
+        at.space();
+    }
+    if (!at.isEnd())
         return false;
-    s.origin.username = pattern[1];
-    s.origin.sessionId = pattern[2];
-    s.origin.version = pattern[3];
-    s.origin.netType = networkTypeId(pattern[4].chars());
-    s.origin.addrType = addressTypeId(pattern[5].chars());
-    s.origin.address = pattern[6];
+    s.origin.username.assign(words[0]);
+    s.origin.sessionId.assign(words[1]);
+    s.origin.version.assign(words[2]);
+    s.origin.netType = networkTypeOf(words[3]);
+    s.origin.addrType = addressTypeOf(words[4]);
+    s.origin.address.assign(words[5]);
     return true;
 }
 
 // c=IN IP4 224.2.36.42/127
-void readSessionConnection(const String& value, Session& s)
+void readSessionConnection(std::string_view value, Session& s)
 {
     ConnectionLine line;
     if (!readConnection(value, &line))
         return;
-    s.connection = line.connection;
-    s.connectionTTL = uint32(line.ttl.toUInt32(nullptr, 10));
-    s.connectionNumAddr = uint32(line.numAddr.toUInt32(nullptr, 10));
+    s.connection.netType = line.netType;
+    s.connection.addrType = line.addrType;
+    s.connection.address.assign(line.address);
+    s.connectionTTL = toNumber<std::uint32_t>(line.ttl);
+    s.connectionNumAddr = toNumber<std::uint32_t>(line.numAddr);
 }
 
-// b=AS:128
-void readBandwidth(const String& value, Session& s)
+// b=AS:128, b=X:Y:128
+void readBandwidth(std::string_view value, Session& s)
 {
-    PRegEx pattern(R"(^(\S+):(\d+)$)", 0);
-    if (!pattern.match(value, 0))
+    const std::size_t colon = value.rfind(':');
+    if (colon == std::string_view::npos)
         return;
-    s.bandwidth = {pattern[1], uint32(pattern[2].toUInt32(nullptr, 10))};
+    std::string_view modifier;
+    std::string_view number;
+    Scanner before(value.substr(0, colon));
+    Scanner behind(value.substr(colon + 1));
+    if (!before.word(&modifier) || !before.isEnd() || !behind.digits(&number) || !behind.isEnd())
+        return;
+    s.bandwidth.modifier.assign(modifier);
+    s.bandwidth.value = toNumber<std::uint32_t>(number);
 }
 
 // k=prompt, k=clear:key
-void readEncryption(const String& value, Session& s)
+void readEncryption(std::string_view value, Session& s)
 {
-    PRegEx pattern(R"(^([^:]+):{0,1}(\S*)$)", 0);
-    if (!pattern.match(value, 0))
+    std::string_view method;
+    std::string_view key;
+    Scanner at(value);
+    if (!at.take(&method, [](char c) { return c != ':'; }))
         return;
-    s.encryption = {encryptionMethodId(pattern[1].chars()), pattern[2]};
+    at.byte(':');
+    if (!at.lastWord(&key))
+        return;
+    s.encryption.method = encryptionMethodOf(method);
+    s.encryption.key.assign(key);
 }
 
 // t=2873397496 2873404696
-void readTime(const String& value, Session& s)
+void readTime(std::string_view value, Session& s)
 {
-    PRegEx pattern(R"(^(\d+)\s+(\d+)$)", 0);
-    if (!pattern.match(value, 0))
+    std::string_view start;
+    std::string_view stop;
+    Scanner at(value);
+    if (!at.digits(&start) || !at.space() || !at.digits(&stop) || !at.isEnd())
         return;
-    s.startTime = uint32(pattern[1].toUInt32(nullptr, 10));
-    s.stopTime = uint32(pattern[2].toUInt32(nullptr, 10));
+    s.startTime = toNumber<std::uint32_t>(start);
+    s.stopTime = toNumber<std::uint32_t>(stop);
 }
 
-// Names that repeat are all kept, unlike with addAttr.
-void readAttributes(const SDPDesc& desc, Session& s)
+// All lines but attributes. False for an "o=" line that can not be read.
+bool readField(char type, std::string_view value, Session& s)
 {
+    switch (type) {
+    case 'v':
+        readVersion(value, s);
+        break;
+    case 'o':
+        return readOrigin(value, s);
+    case 's':
+        s.sessionName.assign(value);
+        break;
+    case 'i':
+        s.sessionDesc.assign(value);
+        break;
+    case 'u':
+        s.uri.assign(value);
+        break;
+    case 'e':
+        s.email.assign(value);
+        break;
+    case 'p':
+        s.phone.assign(value);
+        break;
+    case 'c':
+        readSessionConnection(value, s);
+        break;
+    case 'b':
+        readBandwidth(value, s);
+        break;
+    case 'z':
+        s.timezoneAjust.assign(value);
+        break;
+    case 'k':
+        readEncryption(value, s);
+        break;
+    case 't':
+        readTime(value, s);
+        break;
+    case 'r':
+        s.repeat.assign(value);
+        break;
+    default:
+        break;
+    }
+    return true;
+}
+
+// Goes to the first "m=" line, or to the end. False if there is an "o=" line that can not be read.
+bool readSession(Lines& lines, Session& s)
+{
+    bool isUsable = true;
+    FirstLines first;
+    Run attributes('a');
     String name;
     String value;
-    for (int i = 0; desc.attr(i, &name, &value) == 0; ++i)
-        s.attrs.insert(name, value, -1);
-}
-
-// False for an "o=" line that can not be read; the lines behind it are not looked at then.
-bool readSession(const SDPDesc& desc, Session& s)
-{
-    String value;
-    if (desc.get(FieldVersion, &value) == 0)
-        readVersion(value, s);
-    if (desc.get(FieldOrigin, &value) == 0 && !readOrigin(value, s))
-        return false;
-    desc.get(FieldSessionName, &s.sessionName);
-    desc.get(FieldInformation, &s.sessionDesc);
-    desc.get(FieldUri, &s.uri);
-    desc.get(FieldEmail, &s.email);
-    desc.get(FieldPhone, &s.phone);
-    if (desc.get(FieldConnection, &value) == 0)
-        readSessionConnection(value, s);
-    if (desc.get(FieldBandwidth, &value) == 0)
-        readBandwidth(value, s);
-    desc.get(FieldTimezone, &s.timezoneAjust);
-    if (desc.get(FieldEncryption, &value) == 0)
-        readEncryption(value, s);
-    if (desc.get(FieldTime, &value) == 0)
-        readTime(value, s);
-    desc.get(FieldRepeat, &s.repeat);
-    readAttributes(desc, s);
-    return true;
+    for (; !lines.isEnd() && !lines.isMedia(); lines.next()) {
+        if (attributes.takes(lines.type())) {
+            const NameValue attribute = cut(lines.value());
+            s.attrs.insert(name.assign(attribute.name), value.assign(attribute.value), -1); // names may repeat
+        } else if (first.takes(lines.type())) {
+            isUsable = readField(lines.type(), untilNul(lines.value()), s) && isUsable;
+        }
+    }
+    return isUsable;
 }
 
 } // namespace
 
 int SDPDescEx::parse(const String& text)
 {
-    SDPDesc desc("\r\n");
-    const int result = desc.parse(text);
-    impl_->clear(); // the text may have been one of the fields
-    if (result != 0 || !readSession(desc, *impl_))
-        return -1;
-    parseSections(desc, *this);
-    return 0;
+    auto session = std::make_unique<SDPDescEx_impl>(); // a new one, since the text may be one of the fields
+    bool isUsable = Lines(text).areReadable();
+    if (isUsable) {
+        Lines lines(text);
+        isUsable = readSession(lines, *session);
+        if (isUsable)
+            parseSections(lines, *session);
+    }
+    if (!isUsable) {
+        const std::uint32_t version = session->version;
+        session->clear();
+        session->version = version; // is known even where the origin is not
+    }
+    impl_ = std::move(session);
+    return isUsable ? 0 : -1;
 }
 
 } // namespace ym::SDP

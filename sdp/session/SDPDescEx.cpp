@@ -343,12 +343,13 @@ int SDPDescEx::attr(unsigned int index, String* name, String* value)
 
 int SDPDescEx::addAttr(const String& name, const String& value)
 {
-    return putAttr(impl_->attrs, name, value);
+    impl_->attrs.put(name, value);
+    return 0;
 }
 
 int SDPDescEx::removeAttr(const String& name)
 {
-    dropAttr(impl_->attrs, name);
+    impl_->attrs.remove(name, 0);
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "sdp/media/attributes.h"
 #include "sdp/media/fields.h"
 #include "sdp/session/SDPDescEx_impl.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -17,26 +18,22 @@ void putOrigin(String& out, const Origin& origin)
 }
 
 // What stands behind the address: nothing, /127 or /127/3
-String connectionSuffix(const SessionFields& s)
+void putSessionConnection(String& out, const SessionFields& s)
 {
     String suffix;
-    if (s.connectionTTL == 0)
-        return suffix;
-    put(suffix, "/");
-    put(suffix, number(s.connectionTTL));
-    if (s.connectionNumAddr == 0)
-        return suffix;
-    put(suffix, "/");
-    put(suffix, number(s.connectionNumAddr));
-    return suffix;
+    if (s.connectionTTL != 0)
+        put(suffix, "/", number(s.connectionTTL));
+    if (s.connectionTTL != 0 && s.connectionNumAddr != 0)
+        put(suffix, "/", number(s.connectionNumAddr));
+    putConnection(out, s.connection, view(suffix));
 }
 
 void putSections(String& out, OwnedList<SDPMedia>& sections)
 {
     String text;
-    for (const auto& section : sections)
-        if (section->generate(&text) == 0)
-            put(out, text);
+    for (SDPMedia& section : sections)
+        if (section.generate(&text) == 0)
+            out.append(text.chars(), text.length());
 }
 
 } // namespace
@@ -53,7 +50,7 @@ int SDPDescEx::generate(String* text)
     putText(*text, 'u', impl_->uri);
     putText(*text, 'e', impl_->email);
     putText(*text, 'p', impl_->phone);
-    putConnection(*text, impl_->connection, connectionSuffix(*impl_));
+    putSessionConnection(*text, *impl_);
     putBandwidth(*text, impl_->bandwidth);
     putText(*text, 'z', impl_->timezoneAjust);
     putEncryption(*text, impl_->encryption);

@@ -17,7 +17,7 @@ int add(OwnedList<SDPMedia>& list, SDPMedia* media)
 
 int remove(OwnedList<SDPMedia>& list, const SDPMedia* media)
 {
-    return list.drop(media) ? 0 : -1;
+    return list.take(media) ? 0 : -1;
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // One table for each enumeration, two walks over any of them, and the lookups.
 #include <sdp/vocabulary.h>
 
-#include <cstring>
+#include "sdp/vocabulary/words.h"
 
 namespace ym::SDP {
 
@@ -46,9 +46,9 @@ const char* textOf(const Row* row, int value)
     return row->text ? row->text : "";
 }
 
-template <class Enumeration> Enumeration valueOf(const Row* row, const char* text)
+template <class Enumeration> Enumeration valueOf(const Row* row, std::string_view text)
 {
-    while (row->text && std::strcmp(row->text, text) != 0)
+    while (row->text && row->text != text)
         ++row;
     return static_cast<Enumeration>(row->text ? row->value : 0);
 }
@@ -83,7 +83,12 @@ const char* networkTypeStr(NetworkType type)
 
 NetworkType networkTypeId(const char* text)
 {
-    return valueOf<NetworkType>(networkTypes, text);
+    return networkTypeOf(text);
+}
+
+NetworkType networkTypeOf(std::string_view word)
+{
+    return valueOf<NetworkType>(networkTypes, word);
 }
 
 const char* addressTypeStr(AddressType type)
@@ -93,7 +98,12 @@ const char* addressTypeStr(AddressType type)
 
 AddressType addressTypeId(const char* text)
 {
-    return valueOf<AddressType>(addressTypes, text);
+    return addressTypeOf(text);
+}
+
+AddressType addressTypeOf(std::string_view word)
+{
+    return valueOf<AddressType>(addressTypes, word);
 }
 
 const char* encryptionMethodStr(EncryptionMethod method)
@@ -103,7 +113,12 @@ const char* encryptionMethodStr(EncryptionMethod method)
 
 EncryptionMethod encryptionMethodId(const char* text)
 {
-    return valueOf<EncryptionMethod>(encryptionMethods, text);
+    return encryptionMethodOf(text);
+}
+
+EncryptionMethod encryptionMethodOf(std::string_view word)
+{
+    return valueOf<EncryptionMethod>(encryptionMethods, word);
 }
 
 } // namespace ym::SDP

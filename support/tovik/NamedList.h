@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <string_view>
 
 #include <tovik/String.h>
 #include <tovik/export.h>
@@ -16,7 +18,7 @@ namespace ym {
 // alone where the result is false.
 class YM_EXPORT NamedList {
 public:
-    // An empty list. The separator is kept with the list and has no effect on it.
+    // An empty list. The separator has no effect on it, and is never read.
     explicit NamedList(const char* separator);
     ~NamedList();
 
@@ -41,6 +43,9 @@ public:
     // Changes the value of pair number `index` of a name; the pair keeps its place. False if there is no such pair.
     bool replace(const String& name, const String& value, unsigned int index);
 
+    // Changes the value of the first pair of a name, or adds a pair behind the last one if there is none.
+    void put(const String& name, const String& value);
+
     // Removes pair number `index` of a name. False if there is no such pair.
     bool remove(const String& name, unsigned int index);
 
@@ -50,10 +55,15 @@ public:
     // Copies the name and the value of the pair at position `index` of the whole list. False behind the last pair.
     bool get(String* name, String* value, unsigned int index) const;
 
+    // The same without copies: the bytes stay the list's, until it next changes, and no NUL stands behind them.
+    bool peek(std::string_view* name, std::string_view* value, unsigned int index) const;
+
 private:
     struct Pairs;
 
-    String separator_;
+    YM_HIDDEN bool makeRoom(std::size_t bytes);
+
+    [[maybe_unused]] const char* separator_;
     std::unique_ptr<Pairs> pairs_; // null until something is inserted
 };
 

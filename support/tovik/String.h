@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include <tovik/export.h>
 
@@ -44,12 +45,18 @@ public:
     // Adds `n` bytes at the end, NUL bytes among them too.
     String& append(const void* data, unsigned int n);
 
+    // Adds room for `n` bytes at the end and gives its beginning. The caller fills all of it before any other use.
+    char* extend(unsigned long n);
+
     // Replaces the content by a text.
     String& assign(const char* text);
 
     // Replaces the content by `n` bytes. If the last of them is a NUL, it is not counted: it is taken for the
     // one that stands behind every string.
     String& assign(const void* data, unsigned int n);
+
+    // Replaces the content by bytes, NUL bytes among them too.
+    String& assign(std::string_view bytes);
 
     // The position of the first `c` at or behind `start`, or npos.
     unsigned int find(char c, unsigned int start) const;
@@ -82,6 +89,7 @@ private:
     YM_HIDDEN void leavePlace();
     YM_HIDDEN void replace(const char* bytes, std::size_t n);
     YM_HIDDEN void add(const char* bytes, std::size_t n);
+    YM_HIDDEN void grow(std::size_t n);
     YM_HIDDEN void takeOver(String& other);
     YM_HIDDEN void release();
 
