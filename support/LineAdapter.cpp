@@ -1,39 +1,8 @@
 #include <tovik/LineAdapter.h>
 
-#include <cstddef>
-#include <cstring>
+#include "support/lineEnd.h"
 
 namespace ym {
-
-namespace {
-
-bool endsLine(char c)
-{
-    return c == '\n' || c == '\r';
-}
-
-const char* findByte(const char* begin, const char* end, char c)
-{
-    const void* found = std::memchr(begin, c, static_cast<std::size_t>(end - begin));
-    return found ? static_cast<const char*>(found) : end;
-}
-
-// The first line end, or `end`. It goes on in small strides: in a text that has only one kind of line ends, looking for
-// the other kind would read all that follows, for each line.
-const char* findLineEnd(const char* begin, const char* end)
-{
-    constexpr std::ptrdiff_t stride = 128;
-    while (begin != end) {
-        const char* const part = end - begin > stride ? begin + stride : end;
-        const char* const found = findByte(begin, findByte(begin, part, '\n'), '\r');
-        if (found != part)
-            return found;
-        begin = part;
-    }
-    return end;
-}
-
-} // namespace
 
 LineAdapter::LineAdapter(DataIO* stream, linebreak_mode, linebreak_mode, linebreak_mode) : stream_(stream) { }
 
@@ -65,21 +34,12 @@ bool LineAdapter::takeLineEnd()
     return true;
 }
 
+// Any other line that is not empty. The stream may have to be asked for more, and may then take back what it has shown.
 void LineAdapter::takeLine(const char** line, unsigned int* length)
 {
-    const char* lineEnd = findLineEnd(at_, end_);
-    *line = at_;
-    *length = static_cast<unsigned int>(lineEnd - at_);
-    at_ = lineEnd;
-    if (lineEnd != end_ && (*lineEnd == '\n' || lineEnd + 1 != end_)) {
-        takeLineEnd();
-        return;
-    }
-    // The stream has to be asked for more, and may then take back what it has shown.
     parts_.assign("");
-    parts_.append(*line, *length);
     while (isMore() && !endsLine(*at_)) {
-        lineEnd = findLineEnd(at_, end_);
+        const char* const lineEnd = findLineEnd(at_, end_);
         parts_.append(at_, static_cast<unsigned int>(lineEnd - at_));
         at_ = lineEnd;
     }
@@ -88,8 +48,27 @@ void LineAdapter::takeLine(const char** line, unsigned int* length)
     *length = parts_.length();
 }
 
+// The usual case: a line that is not empty and ends, with all of its line end, in what lies ahead.
+bool LineAdapter::takePlainLine(const char** line, unsigned int* length)
+{
+    if (emptyLines_ != 0)
+        return false;
+    const char* const lineEnd = findLineEnd(at_, end_);
+    if (lineEnd == at_ || lineEnd == end_)
+        return false;
+    const bool isReturn = *lineEnd == '\r';
+    if (isReturn && lineEnd + 1 == end_)
+        return false; // a line feed may be still to come
+    *line = at_;
+    *length = static_cast<unsigned int>(lineEnd - at_);
+    at_ = lineEnd + (isReturn && lineEnd[1] == '\n' ? 2 : 1);
+    return true;
+}
+
 int LineAdapter::readLine(const char** line, unsigned int* length)
 {
+    if (takePlainLine(line, length))
+        return 1;
     // Whether an empty line counts shows only behind the last of its neighbours.
     if (emptyLines_ == 0)
         while (takeLineEnd())

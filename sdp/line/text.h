@@ -2,6 +2,7 @@
 #pragma once
 
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <string_view>
@@ -17,11 +18,21 @@ inline char typeOf(const String& line)
     return line.chars()[0];
 }
 
+// A bit for each of some lower-case letters.
+constexpr std::uint32_t lettersOf(std::string_view letters)
+{
+    std::uint32_t set = 0;
+    for (const char c : letters)
+        set |= std::uint32_t{1} << (c - 'a');
+    return set;
+}
+
 // Whether a text is a line of a description: of a type that there is, and with a value, empty or not.
 inline bool isLine(std::string_view text)
 {
-    constexpr std::string_view types = "vosiuepcbzktram";
-    return text.size() >= 2 && text[1] == '=' && types.find(text[0]) != std::string_view::npos;
+    constexpr std::uint32_t types = lettersOf("vosiuepcbzktram");
+    return text.size() >= 2 && text[1] == '=' && text[0] >= 'a' && text[0] <= 'z'
+        && (types >> (text[0] - 'a') & 1) != 0;
 }
 
 // Whether the line has a place for a value, empty or not.

@@ -2,6 +2,7 @@
 // serve.
 #include <sdp/SDPMedia.h>
 
+#include <bitset>
 #include <cstdint>
 #include <unordered_map>
 #include <utility>
@@ -53,63 +54,83 @@ struct SDPMedia::SDPMedia_impl : Fields {
 private:
     using Numbers = std::unordered_map<unsigned short, SDPMediaPayload*>;
 
+    static constexpr unsigned int shortList = 64;
+
     SDPMediaPayload* findByWalk(unsigned short number);
-    void findNumbers();
+    SDPMediaPayload* findByIndex(unsigned short number);
+
+    bool renumbered_ = false; // set by the payloads when their number changes: numbers_ may be wrong
+
+    // As long as no number ever changed, all are different, and a short list makes use of that.
+    bool asAdded_ = true;
+    std::bitset<128> seen_;      // where a number is not in, modulo 128, a short list does not have it
+    unsigned int lastFound_ = 0; // lines of the same number and of the next one are likely to follow
 
     // The first payload of each number, for lists that are too long to be walked for every line that names a number.
     std::unique_ptr<Numbers> numbers_;
-    bool renumbered_ = false; // set by the payloads themselves: numbers_ may be wrong
 };
 
 SDPMediaPayload* SDPMedia::SDPMedia_impl::findByWalk(unsigned short number)
 {
-    for (SDPMediaPayload& payload : payloads)
-        if (payload.impl_->payloadNo.get() == number)
+    const auto hasNumber = [number](const SDPMediaPayload* p) { return p && p->impl_->payloadNo.get() == number; };
+    asAdded_ = asAdded_ && !renumbered_;
+    if (asAdded_ && !seen_[number % seen_.size()])
+        return nullptr;
+    if (asAdded_)
+        for (const unsigned int likely : {lastFound_, lastFound_ + 1})
+            if (hasNumber(payloads.at(likely)))
+                return payloads.at(lastFound_ = likely);
+    unsigned int index = 0;
+    for (SDPMediaPayload& payload : payloads) {
+        if (hasNumber(&payload)) {
+            lastFound_ = index;
             return &payload;
+        }
+        ++index;
+    }
     return nullptr;
 }
 
-void SDPMedia::SDPMedia_impl::findNumbers()
+SDPMediaPayload* SDPMedia::SDPMedia_impl::findByIndex(unsigned short number)
 {
-    auto numbers = std::make_unique<Numbers>();
-    for (SDPMediaPayload& payload : payloads)
-        numbers->emplace(payload.impl_->payloadNo.get(), &payload);
-    numbers_ = std::move(numbers);
-    renumbered_ = false;
+    if (!numbers_ || renumbered_) {
+        auto numbers = std::make_unique<Numbers>();
+        for (SDPMediaPayload& payload : payloads)
+            numbers->emplace(payload.impl_->payloadNo.get(), &payload);
+        numbers_ = std::move(numbers);
+        asAdded_ = asAdded_ && !renumbered_;
+        renumbered_ = false;
+    }
+    const auto found = numbers_->find(number);
+    return found == numbers_->end() ? nullptr : found->second;
 }
 
 SDPMediaPayload* SDPMedia::SDPMedia_impl::find(unsigned short number)
 {
-    constexpr unsigned int shortList = 64;
-    if (payloads.size() <= shortList)
-        return findByWalk(number);
-    if (!numbers_ || renumbered_)
-        findNumbers();
-    const auto found = numbers_->find(number);
-    return found == numbers_->end() ? nullptr : found->second;
+    return payloads.size() > shortList ? findByIndex(number) : findByWalk(number);
 }
 
 void SDPMedia::SDPMedia_impl::add(std::unique_ptr<SDPMediaPayload> payload)
 {
     const unsigned short number = payload->payloadNo();
     const SDPMediaPayload* const replaced = find(number);
-    const bool distinct = numbers_ && numbers_->size() == payloads.size();
-    const bool indexed = distinct && !renumbered_;
-    renumbered_ = true; // until the index is right again
+    const bool isIndexed = numbers_ && !renumbered_ && numbers_->size() == payloads.size();
+    std::unique_ptr<Numbers> numbers = std::move(numbers_); // away until it is right again
     if (replaced)
         payloads.take(replaced);
     payload->impl_->payloadNo.watch(&renumbered_);
     SDPMediaPayload* const added = payload.get();
     payloads.add(std::move(payload));
-    if (!indexed)
+    seen_.set(number % seen_.size());
+    if (!isIndexed)
         return;
-    numbers_->insert_or_assign(number, added);
-    renumbered_ = false;
+    numbers->insert_or_assign(number, added);
+    numbers_ = std::move(numbers);
 }
 
 std::unique_ptr<SDPMediaPayload> SDPMedia::SDPMedia_impl::giveBack(const SDPMediaPayload* payload)
 {
-    renumbered_ = true;
+    numbers_.reset();
     return payloads.take(payload);
 }
 

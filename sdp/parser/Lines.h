@@ -1,55 +1,80 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
-
-#include <tovik/DataIO.h>
-#include <tovik/LineAdapter.h>
-#include <tovik/String.h>
+#include <vector>
 
 #include "sdp/line/text.h"
+#include "support/lineEnd.h"
 
 namespace ym::SDP {
 
-// The lines of a text, one after the other, read where they stand. The text must not change meanwhile.
+// The lines of a text, read one after the other where they stand. The text must not change meanwhile.
 class Lines {
 public:
-    explicit Lines(const String& text)
-        : stream_(text.chars(), text.length()),
-          reader_(&stream_, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone)
+    explicit Lines(std::string_view text) : text_(text.data()), end_(text.data() + text.size())
     {
-        next();
+        ends_.reserve(text.size() / usualLength + 1);
+        isReadable_ = cut();
+        goTo(text_);
     }
+
+    // False if a line can not be read. Empty lines at the end of the text are none.
+    bool areReadable() const { return isReadable_; }
+
+    // Behind the last line. There is no line then.
+    bool isEnd() const { return index_ == ends_.size(); }
 
     void next()
     {
-        const char* line = nullptr;
-        unsigned int length = 0;
-        isEnd_ = reader_.readLine(&line, &length) <= 0;
-        line_ = {line, length};
+        const char* const begin = behind(text_ + ends_[index_]);
+        ++index_;
+        goTo(begin);
     }
 
-    // Behind the last line. There is no line then, and none of the rest may be called.
-    bool isEnd() const { return isEnd_; }
-
-    // Goes to the end, or to a line that can not be read. True if there is none.
-    bool areReadable()
-    {
-        while (!isEnd() && isLine(line_))
-            next();
-        return isEnd();
-    }
-
-    // The rest speaks of lines that can be read.
     bool isMedia() const { return type() == 'm'; }
-    char type() const { return line_.front(); }
+    char type() const { return *line_.data(); }
     std::string_view value() const { return valueOf(line_); }
 
 private:
-    MemoryIO stream_;
-    LineAdapter reader_;
+    // For the memory that is asked for at once.
+    static constexpr std::size_t usualLength = 24;
+
+    bool cut()
+    {
+        for (const char* begin = text_; begin != end_;) {
+            const char* const end = findLineEnd(begin, end_);
+            if (end == begin)
+                return std::all_of(begin, end_, endsLine);
+            if (!isLine({begin, static_cast<std::size_t>(end - begin)}))
+                return false;
+            ends_.push_back(static_cast<std::uint32_t>(end - text_));
+            begin = behind(end);
+        }
+        return true;
+    }
+
+    // The beginning of the line behind one that ends here.
+    const char* behind(const char* end) const
+    {
+        if (end_ - end >= 2 && end[0] == '\r' && end[1] == '\n')
+            return end + 2;
+        return end == end_ ? end_ : end + 1;
+    }
+
+    void goTo(const char* begin)
+    {
+        if (!isEnd())
+            line_ = {begin, static_cast<std::size_t>(text_ + ends_[index_] - begin)};
+    }
+
+    const char* text_;
+    const char* end_;
+    std::vector<std::uint32_t> ends_; // of the lines
+    std::size_t index_ = 0;
     std::string_view line_;
-    bool isEnd_ = false;
+    bool isReadable_ = false;
 };
 
 // The lines of a type that count where several may stand: those next to each other, from the first one on.

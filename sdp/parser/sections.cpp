@@ -80,7 +80,7 @@ void addSection(Session& session, std::unique_ptr<SDPMedia> media)
 // Reads one section after the other.
 class SectionReader {
 public:
-    explicit SectionReader(Lines& lines) : lines_(lines) { }
+    explicit SectionReader(Lines& lines) : lines_(lines) { formats_.reserve(16); }
 
     // Goes from an "m=" line to the next one, or to the end. Null for a section whose "m=" line can not be read.
     std::unique_ptr<SDPMedia> read()

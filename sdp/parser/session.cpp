@@ -9,6 +9,7 @@
 #include "sdp/session/SDPDescEx_impl.h"
 #include "sdp/vocabulary/words.h"
 #include "support/number.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -172,13 +173,10 @@ bool readSession(Lines& lines, Session& s)
 int SDPDescEx::parse(const String& text)
 {
     auto session = std::make_unique<SDPDescEx_impl>(); // a new one, since the text may be one of the fields
-    bool isUsable = Lines(text).areReadable();
-    if (isUsable) {
-        Lines lines(text);
-        isUsable = readSession(lines, *session);
-        if (isUsable)
-            parseSections(lines, *session);
-    }
+    Lines lines(view(text));
+    const bool isUsable = lines.areReadable() && readSession(lines, *session);
+    if (isUsable)
+        parseSections(lines, *session);
     if (!isUsable) {
         const std::uint32_t version = session->version;
         session->clear();

@@ -40,6 +40,7 @@ public:
 private:
     YM_HIDDEN bool isMore();
     YM_HIDDEN bool takeLineEnd();
+    YM_HIDDEN bool takePlainLine(const char** line, unsigned int* length);
     YM_HIDDEN void takeLine(const char** line, unsigned int* length);
 
     DataIO* stream_;
