@@ -20,6 +20,9 @@ namespace {
 // Up to here, a walk is as fast as an index and needs no memory.
 constexpr std::uint32_t shortList = 16;
 
+// Up to so many bytes a list doubles when it grows; a longer one grows by a half.
+constexpr std::size_t smallList = 256;
+
 struct Slot {
     static constexpr std::size_t nowhere = ~std::size_t{0};
 
@@ -109,6 +112,14 @@ struct NamedList::Pairs {
         return sum;
     }
 
+    std::uint32_t nGoneBefore(std::uint32_t end) const
+    {
+        std::uint32_t n = 0;
+        for (std::uint32_t slot = 0; slot < end; ++slot)
+            n += isGone(slot);
+        return n;
+    }
+
     // There must be room.
     Slot write(std::string_view name, std::string_view value)
     {
@@ -126,11 +137,9 @@ struct NamedList::Pairs {
             enter(nSlots - 1);
     }
 
-    void insert(std::uint32_t before, std::string_view name, std::string_view value)
+    // Moves the last pair before another one.
+    void moveLast(std::uint32_t before)
     {
-        append(name, value);
-        if (before == nSlots - 1)
-            return;
         index.reset();
         place.forget();
         std::rotate(&at(before), &at(nSlots - 1), &at(nSlots));
@@ -155,7 +164,7 @@ struct NamedList::Pairs {
     }
 
     // Needs room for the name and the value, unless the value is no longer than the present one.
-    void replace(std::uint32_t slot, std::string_view value)
+    void setValue(std::uint32_t slot, std::string_view value)
     {
         Slot& pair = at(slot);
         if (value.size() > pair.valueLength) {
@@ -251,31 +260,53 @@ int NamedList::exist(const String& name) const
     return value(name, nullptr, 0) ? 1 : 0;
 }
 
-// Makes room for a pair with so many bytes. True if pairs had to move.
-bool NamedList::makeRoom(std::size_t bytes)
+// Whether a pair with so many bytes has no room yet.
+bool NamedList::isFull(std::size_t bytes) const
+{
+    return !pairs_ || !pairs_->hasRoom(sizeof(Slot) + bytes);
+}
+
+// Makes room for it. The gaps between slots are closed by that.
+void NamedList::makeRoom(std::size_t bytes)
 {
     const std::size_t needed = sizeof(Slot) + bytes;
     if (!pairs_) {
         pairs_ = Pairs::make(2 * needed);
-        return false;
+        return;
     }
-    if (pairs_->hasRoom(needed))
-        return false;
-    auto larger = Pairs::copyOf(*pairs_, needed + pairs_->bytes() / 2);
+    const std::size_t present = pairs_->bytes();
+    const std::size_t spare = std::max(present / 2, std::min(present, smallList));
+    auto larger = Pairs::copyOf(*pairs_, needed + spare);
     if (pairs_->nGone == 0 && pairs_->index) {
         larger->index = std::move(pairs_->index);
         larger->index->pairs = larger.get();
     }
     pairs_ = std::move(larger);
-    return true;
+}
+
+void NamedList::setValue(std::uint32_t slot, std::string_view value)
+{
+    const std::size_t bytes = pairs_->name(slot).size() + value.size();
+    if (value.size() > pairs_->value(slot).size() && isFull(bytes)) {
+        slot -= pairs_->nGoneBefore(slot);
+        makeRoom(bytes);
+    }
+    pairs_->setValue(slot, value);
+}
+
+void NamedList::add(std::string_view name, std::string_view value)
+{
+    if (isFull(name.size() + value.size()))
+        makeRoom(name.size() + value.size());
+    pairs_->append(name, value);
 }
 
 void NamedList::insert(const String& name, const String& value, int position)
 {
-    makeRoom(std::size_t{name.length()} + value.length());
-    const bool within = position >= 0 && static_cast<unsigned int>(position) < lines();
-    pairs_->insert(within ? pairs_->seek(static_cast<std::uint32_t>(position)) : pairs_->nSlots, view(name),
-                   view(value));
+    add(view(name), view(value));
+    const std::uint32_t last = pairs_->size() - 1;
+    if (position >= 0 && static_cast<unsigned int>(position) < last)
+        pairs_->moveLast(pairs_->seek(static_cast<std::uint32_t>(position)));
 }
 
 bool NamedList::replace(const String& name, const String& value, unsigned int index)
@@ -283,16 +314,17 @@ bool NamedList::replace(const String& name, const String& value, unsigned int in
     std::uint32_t slot = pairs_ ? pairs_->find(view(name), index) : 0;
     if (!pairs_ || slot == pairs_->nSlots)
         return false;
-    if (makeRoom(std::size_t{name.length()} + value.length()))
-        slot = pairs_->find(view(name), index);
-    pairs_->replace(slot, view(value));
+    setValue(slot, view(value));
     return true;
 }
 
-void NamedList::put(const String& name, const String& value)
+void NamedList::put(std::string_view name, std::string_view value)
 {
-    if (!replace(name, value, 0))
-        insert(name, value, -1);
+    const std::uint32_t slot = pairs_ ? pairs_->find(name, 0) : 0;
+    if (!pairs_ || slot == pairs_->nSlots)
+        add(name, value);
+    else
+        setValue(slot, value);
 }
 
 bool NamedList::remove(const String& name, unsigned int index)

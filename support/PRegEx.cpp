@@ -12,7 +12,6 @@ namespace ym {
 using pregex::Groups;
 using pregex::Matcher;
 using pregex::Pattern;
-using pregex::SmallArray;
 using pregex::Span;
 
 struct PRegEx::State {

@@ -51,12 +51,18 @@ void String::replace(const char* bytes, std::size_t n)
 {
     if (isInPlace() && n <= ownCapacity)
         leavePlace();
-    if (n <= capacity_) {
-        if (n > 0)
-            std::memmove(text_, bytes, n);
-        setLength(static_cast<unsigned int>(n));
+    if (n > capacity_) {
+        replaceLong(bytes, n);
         return;
     }
+    if (n > 0)
+        std::memmove(text_, bytes, n);
+    setLength(static_cast<unsigned int>(n));
+}
+
+// The same for what does not fit.
+void String::replaceLong(const char* bytes, std::size_t n)
+{
     // Lengths are 32 bits wide in the interface, so a longer text could not be told apart from a short one.
     if (n > longest)
         throw std::length_error("ym::String: text too long");
@@ -243,12 +249,12 @@ String& String::setNum(unsigned short n)
 
 unsigned short String::toUInt16(bool* ok, int base) const
 {
-    return toNumber<std::uint16_t>(view(*this), ok, base);
+    return toAnyNumber<std::uint16_t>(view(*this), ok, base);
 }
 
 unsigned long String::toUInt32(bool* ok, int base) const
 {
-    return toNumber<std::uint32_t>(view(*this), ok, base);
+    return toAnyNumber<std::uint32_t>(view(*this), ok, base);
 }
 
 } // namespace ym

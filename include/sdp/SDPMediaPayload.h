@@ -103,12 +103,12 @@ public:
     // write.
     int generate(String* out);
 
-    // The private state.
+    // The private state, and the way of the rest of the library to it.
     struct YM_HIDDEN SDPMediaPayload_impl;
+    YM_HIDDEN SDPMediaPayload_impl& state() { return *impl_; }
+    YM_HIDDEN const SDPMediaPayload_impl& state() const { return *impl_; }
 
 private:
-    friend class SDPMedia; // which finds its payloads by number, and writes them, without a detour
-
     std::unique_ptr<SDPMediaPayload_impl> impl_;
 };
 

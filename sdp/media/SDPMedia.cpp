@@ -16,6 +16,7 @@
 #include "sdp/media/attributes.h"
 #include "sdp/media/direction.h"
 #include "sdp/media/fields.h"
+#include "support/make.h"
 #include "support/view.h"
 
 namespace ym::SDP {
@@ -48,7 +49,7 @@ struct SDPMedia::SDPMedia_impl : Fields {
     void add(std::unique_ptr<SDPMediaPayload> payload);
     std::unique_ptr<SDPMediaPayload> giveBack(const SDPMediaPayload* payload);
     void copyPayloads(const SDPMedia_impl& other);
-    bool holds(const SDPMediaPayload* payload) const { return payload->impl_->payloadNo.isWatchedBy(&renumbered_); }
+    bool holds(const SDPMediaPayload* payload) const { return payload->state().payloadNo.isWatchedBy(&renumbered_); }
     void clear() { *this = SDPMedia_impl(); }
 
 private:
@@ -72,7 +73,7 @@ private:
 
 SDPMediaPayload* SDPMedia::SDPMedia_impl::findByWalk(unsigned short number)
 {
-    const auto hasNumber = [number](const SDPMediaPayload* p) { return p && p->impl_->payloadNo.get() == number; };
+    const auto hasNumber = [number](const SDPMediaPayload* p) { return p && p->state().payloadNo.get() == number; };
     asAdded_ = asAdded_ && !renumbered_;
     if (asAdded_ && !seen_[number % seen_.size()])
         return nullptr;
@@ -96,7 +97,7 @@ SDPMediaPayload* SDPMedia::SDPMedia_impl::findByIndex(unsigned short number)
     if (!numbers_ || renumbered_) {
         auto numbers = std::make_unique<Numbers>();
         for (SDPMediaPayload& payload : payloads)
-            numbers->emplace(payload.impl_->payloadNo.get(), &payload);
+            numbers->emplace(payload.state().payloadNo.get(), &payload);
         numbers_ = std::move(numbers);
         asAdded_ = asAdded_ && !renumbered_;
         renumbered_ = false;
@@ -118,7 +119,7 @@ void SDPMedia::SDPMedia_impl::add(std::unique_ptr<SDPMediaPayload> payload)
     std::unique_ptr<Numbers> numbers = std::move(numbers_); // away until it is right again
     if (replaced)
         payloads.take(replaced);
-    payload->impl_->payloadNo.watch(&renumbered_);
+    payload->state().payloadNo.watch(&renumbered_);
     SDPMediaPayload* const added = payload.get();
     payloads.add(std::move(payload));
     seen_.set(number % seen_.size());
@@ -138,11 +139,11 @@ void SDPMedia::SDPMedia_impl::copyPayloads(const SDPMedia_impl& other)
 {
     payloads.copy(other.payloads);
     for (SDPMediaPayload& payload : payloads)
-        payload.impl_->payloadNo.watch(&renumbered_);
+        payload.state().payloadNo.watch(&renumbered_);
     renumbered_ = true;
 }
 
-SDPMedia::SDPMedia() : impl_(std::make_unique<SDPMedia_impl>()) { }
+SDPMedia::SDPMedia() : impl_(make<SDPMedia_impl>()) { }
 SDPMedia::~SDPMedia() = default;
 
 SDPMedia& SDPMedia::operator=(const SDPMedia& other)
@@ -268,7 +269,7 @@ int SDPMedia::attr(unsigned int index, String* name, String* value)
 int SDPMedia::addAttr(const String& name, const String& value)
 {
     if (!isDirection(view(name), &impl_->direction))
-        impl_->attrs.put(name, value);
+        impl_->attrs.put(view(name), view(value));
     return 0;
 }
 
@@ -437,7 +438,7 @@ int SDPMedia::generate(String* out)
     out->assign("");
     putBare(*out, 'm', impl_->media, " ", number(impl_->port), " ", impl_->transport);
     for (const SDPMediaPayload& payload : impl_->payloads)
-        put(*out, " ", number(payload.impl_->payloadNo.get()));
+        put(*out, " ", number(payload.state().payloadNo.get()));
     putLineEnd(*out);
     putText(*out, 'i', impl_->sessionDesc);
     putConnection(*out, impl_->connection);
@@ -445,7 +446,7 @@ int SDPMedia::generate(String* out)
         putBandwidth(*out, bandwidth);
     putEncryption(*out, impl_->encryption);
     for (const SDPMediaPayload& payload : impl_->payloads)
-        payload.impl_->putLines(*out);
+        payload.state().putLines(*out);
     putAttrLines(*out, impl_->attrs);
     if (!sendrecv())
         putLine(*out, 'a', directionWord(impl_->direction));

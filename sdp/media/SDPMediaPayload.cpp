@@ -8,6 +8,7 @@
 #include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/attributes.h"
 #include "sdp/media/fields.h"
+#include "support/make.h"
 #include "support/number.h"
 #include "support/view.h"
 
@@ -72,6 +73,21 @@ void putParams(String& out, const NamedList& params)
 
 } // namespace
 
+bool State::setMapping(std::string_view text)
+{
+    Mapping mapping;
+    if (!readMapping(text, &mapping))
+        return false;
+    clockRate = toNumber<std::uint32_t>(mapping.clockRate);
+    const bool isEncoding = text.data() == encoding.chars(); // which then must be the last to be overwritten
+    if (!isEncoding)
+        encoding.assign(mapping.encoding);
+    encodingParam.assign(mapping.param);
+    if (isEncoding)
+        encoding.assign(mapping.encoding);
+    return true;
+}
+
 void State::putLines(String& out) const
 {
     if (hasMapping(*this)) {
@@ -87,7 +103,7 @@ void State::putLines(String& out) const
     putAttrLines(out, attrs);
 }
 
-SDPMediaPayload::SDPMediaPayload() : impl_(std::make_unique<SDPMediaPayload_impl>()) { }
+SDPMediaPayload::SDPMediaPayload() : impl_(make<SDPMediaPayload_impl>()) { }
 SDPMediaPayload::~SDPMediaPayload() = default;
 
 SDPMediaPayload& SDPMediaPayload::operator=(const SDPMediaPayload& other)
@@ -172,17 +188,9 @@ int SDPMediaPayload::payload(String* out)
     return 0;
 }
 
-int SDPMediaPayload::setPayload(const String& text)
+int SDPMediaPayload::setPayload(const String& mapping)
 {
-    Mapping mapping;
-    if (!readMapping(view(text), &mapping))
-        return -1;
-    String param; // a copy: the text may be one of the fields
-    param.assign(mapping.param);
-    impl_->clockRate = toNumber<std::uint32_t>(mapping.clockRate);
-    impl_->encoding.assign(mapping.encoding);
-    impl_->encodingParam = param;
-    return 0;
+    return impl_->setMapping(view(mapping)) ? 0 : -1;
 }
 
 int SDPMediaPayload::setPayload(unsigned short number, const String& mapping)
@@ -211,7 +219,7 @@ int SDPMediaPayload::attr(unsigned int index, String* name, String* value)
 
 int SDPMediaPayload::addAttr(const String& name, const String& value)
 {
-    impl_->attrs.put(name, value);
+    impl_->attrs.put(view(name), view(value));
     return 0;
 }
 
@@ -295,7 +303,7 @@ int SDPMediaPayload::formatParam(unsigned int index, String* name, String* value
 
 int SDPMediaPayload::addFormatParam(const String& name, const String& value)
 {
-    impl_->formatParams.put(name, value);
+    impl_->formatParams.put(view(name), view(value));
     return 0;
 }
 

@@ -1,7 +1,8 @@
-// The state of a payload format, which its media section looks into to find it by its number.
+// The state of a payload format, which its media section and the parser look into.
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include <sdp/SDPMediaPayload.h>
 #include <tovik/NamedList.h>
@@ -48,6 +49,9 @@ struct SDPMediaPayload::SDPMediaPayload_impl {
     NamedList formatParams = NamedList(": ");
 
     void clear() { *this = SDPMediaPayload_impl(); }
+
+    // False for a text that is no mapping; nothing changes then. The text may be one of the fields.
+    bool setMapping(std::string_view text);
 
     // Adds the lines of this payload: "a=rtpmap:", "a=fmtp:" and one for each attribute.
     void putLines(String& out) const;

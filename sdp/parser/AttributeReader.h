@@ -24,8 +24,7 @@ private:
 
     SDPMedia* media_ = nullptr;
     SDPMediaPayload* currentPayload_ = nullptr;
-    String name_; // kept for their memory
-    String value_;
+    String text_;
 };
 
 } // namespace ym::SDP

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "sdp/line/text.h"
+#include "support/SmallArray.h"
 #include "support/lineEnd.h"
 
 namespace ym::SDP {
@@ -15,7 +15,6 @@ class Lines {
 public:
     explicit Lines(std::string_view text) : text_(text.data()), end_(text.data() + text.size())
     {
-        ends_.reserve(text.size() / usualLength + 1);
         isReadable_ = cut();
         goTo(text_);
     }
@@ -38,9 +37,6 @@ public:
     std::string_view value() const { return valueOf(line_); }
 
 private:
-    // For the memory that is asked for at once.
-    static constexpr std::size_t usualLength = 24;
-
     bool cut()
     {
         for (const char* begin = text_; begin != end_;) {
@@ -49,7 +45,7 @@ private:
                 return std::all_of(begin, end_, endsLine);
             if (!isLine({begin, static_cast<std::size_t>(end - begin)}))
                 return false;
-            ends_.push_back(static_cast<std::uint32_t>(end - text_));
+            ends_.add() = static_cast<std::uint32_t>(end - text_);
             begin = behind(end);
         }
         return true;
@@ -71,8 +67,8 @@ private:
 
     const char* text_;
     const char* end_;
-    std::vector<std::uint32_t> ends_; // of the lines
-    std::size_t index_ = 0;
+    SmallArray<std::uint32_t, 64> ends_; // of the lines
+    unsigned int index_ = 0;
     std::string_view line_;
     bool isReadable_ = false;
 };

@@ -1,6 +1,7 @@
 // The "a=" lines of a media section.
 #include "sdp/line/Scanner.h"
 #include "sdp/line/text.h"
+#include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/direction.h"
 #include "sdp/parser/AttributeReader.h"
 #include "support/number.h"
@@ -39,9 +40,9 @@ void AttributeReader::read(std::string_view line)
     else if (isText(attribute.name, "fmtp"))
         readFormat(attribute.value);
     else if (isDirection(attribute.name, nullptr))
-        media_->addAttr(name_.assign(attribute.name), value_);
+        media_->addAttr(text_.assign(attribute.name), text_);
     else if (currentPayload_)
-        currentPayload_->addAttr(name_.assign(attribute.name), value_.assign(attribute.value));
+        currentPayload_->state().attrs.put(attribute.name, attribute.value);
 }
 
 // a=rtpmap:96 L16/44100/2
@@ -49,7 +50,7 @@ void AttributeReader::readMapping(std::string_view value)
 {
     std::string_view mapping;
     if (goToPayload(value, &mapping))
-        currentPayload_->setPayload(value_.assign(mapping));
+        currentPayload_->state().setMapping(mapping);
 }
 
 // a=fmtp:96 minptime=10; useinbandfec=1
@@ -79,12 +80,12 @@ void AttributeReader::readParam(std::string_view param)
 {
     const std::size_t equals = param.find('=');
     if (equals == std::string_view::npos) {
-        currentPayload_->addFormatParam(name_.assign(param), value_.assign(""));
+        currentPayload_->state().formatParams.put(param, {});
         return;
     }
     const std::string_view name = withoutSpaceBehind(withoutSpaceBefore(param.substr(0, equals)));
     const std::string_view value = withoutSpaceBehind(withoutSpaceBefore(param.substr(equals + 1)));
-    currentPayload_->addFormatParam(name_.assign(name), value_.assign(value));
+    currentPayload_->state().formatParams.put(name, value);
 }
 
 // 96 and what follows. False if there is no such payload, which leaves no current one, or no number.

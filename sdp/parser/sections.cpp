@@ -11,6 +11,7 @@
 #include "sdp/parser/parser.h"
 #include "sdp/session/SDPDescEx_impl.h"
 #include "sdp/vocabulary/words.h"
+#include "support/SmallArray.h"
 #include "support/number.h"
 
 namespace ym::SDP {
@@ -20,7 +21,7 @@ namespace {
 using Session = SDPDescEx::SDPDescEx_impl;
 
 // The numbers behind the transport of an "m=" line, in the order of the text.
-using Formats = std::vector<std::uint16_t>;
+using Formats = SmallArray<std::uint16_t, 64>;
 
 // 0 8 96
 //
@@ -31,7 +32,7 @@ void readFormats(std::string_view list, Formats* formats)
     formats->clear();
     while (!list.empty()) {
         std::size_t end = std::min(list.find(' '), list.size());
-        formats->push_back(toNumber<std::uint16_t>(list.substr(0, end)));
+        formats->add() = toNumber<std::uint16_t>(list.substr(0, end));
         list = withoutSpaceBefore(list.substr(end));
     }
 }
@@ -40,26 +41,28 @@ void readFormats(std::string_view list, Formats* formats)
 // payload stays, and a long line may do that a million times.
 void keepLastOfEach(Formats* formats)
 {
-    constexpr std::size_t shortList = 64;
+    constexpr unsigned int shortList = 64;
     if (formats->size() <= shortList)
         return;
     std::vector<bool> seen(65536);
-    auto kept = formats->rbegin();
-    for (auto number = formats->rbegin(); number != formats->rend(); ++number) {
+    std::uint16_t* const end = formats->data() + formats->size();
+    std::uint16_t* kept = end;
+    for (const std::uint16_t* number = end; number-- != formats->data();) {
         if (!seen[*number])
-            *kept++ = *number;
+            *--kept = *number;
         seen[*number] = true;
     }
-    formats->erase(formats->begin(), kept.base());
+    std::copy(kept, end, formats->data());
+    formats->resize(static_cast<unsigned int>(end - kept));
 }
 
 // Gives the payload of the last number, or null if there is none.
 SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 {
     SDPMediaPayload* last = nullptr;
-    for (const std::uint16_t number : formats) {
+    for (unsigned int i = 0; i < formats.size(); ++i) {
         auto payload = std::make_unique<SDPMediaPayload>();
-        payload->setPayloadNo(number);
+        payload->setPayloadNo(formats[i]);
         last = payload.release();
         media.addMediaPayload(last);
     }
@@ -80,7 +83,7 @@ void addSection(Session& session, std::unique_ptr<SDPMedia> media)
 // Reads one section after the other.
 class SectionReader {
 public:
-    explicit SectionReader(Lines& lines) : lines_(lines) { formats_.reserve(16); }
+    explicit SectionReader(Lines& lines) : lines_(lines) { }
 
     // Goes from an "m=" line to the next one, or to the end. Null for a section whose "m=" line can not be read.
     std::unique_ptr<SDPMedia> read()

@@ -8,6 +8,7 @@
 #include "sdp/parser/parser.h"
 #include "sdp/session/SDPDescEx_impl.h"
 #include "sdp/vocabulary/words.h"
+#include "support/make.h"
 #include "support/number.h"
 #include "support/view.h"
 
@@ -155,12 +156,10 @@ bool readSession(Lines& lines, Session& s)
     bool isUsable = true;
     FirstLines first;
     Run attributes('a');
-    String name;
-    String value;
     for (; !lines.isEnd() && !lines.isMedia(); lines.next()) {
         if (attributes.takes(lines.type())) {
             const NameValue attribute = cut(lines.value());
-            s.attrs.insert(name.assign(attribute.name), value.assign(attribute.value), -1); // names may repeat
+            s.attrs.add(attribute.name, attribute.value); // names may repeat
         } else if (first.takes(lines.type())) {
             isUsable = readField(lines.type(), untilNul(lines.value()), s) && isUsable;
         }
@@ -172,7 +171,7 @@ bool readSession(Lines& lines, Session& s)
 
 int SDPDescEx::parse(const String& text)
 {
-    auto session = std::make_unique<SDPDescEx_impl>(); // a new one, since the text may be one of the fields
+    auto session = make<SDPDescEx_impl>(); // a new one, since the text may be one of the fields
     Lines lines(view(text));
     const bool isUsable = lines.areReadable() && readSession(lines, *session);
     if (isUsable)

@@ -4,10 +4,12 @@
 #include "sdp/line/text.h"
 #include "sdp/media/attributes.h"
 #include "sdp/session/SDPDescEx_impl.h"
+#include "support/make.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
-SDPDescEx::SDPDescEx() : impl_(std::make_unique<SDPDescEx_impl>()) { }
+SDPDescEx::SDPDescEx() : impl_(make<SDPDescEx_impl>()) { }
 SDPDescEx::~SDPDescEx() = default;
 
 SDPDescEx& SDPDescEx::operator=(const SDPDescEx& other)
@@ -343,7 +345,7 @@ int SDPDescEx::attr(unsigned int index, String* name, String* value)
 
 int SDPDescEx::addAttr(const String& name, const String& value)
 {
-    impl_->attrs.put(name, value);
+    impl_->attrs.put(view(name), view(value));
     return 0;
 }
 

@@ -10,47 +10,61 @@ namespace {
 // The first row of a table is the value 0 with no text of its own, the last one its end.
 struct Row {
     int value;
-    const char* text;
+    std::string_view text;
+
+    constexpr bool isEnd() const { return value < 0; }
 };
 
 constexpr Row fields[] = {
-    {FieldNone, ""},         {FieldVersion, "v"},   {FieldOrigin, "o"},   {FieldSessionName, "s"},
-    {FieldInformation, "i"}, {FieldUri, "u"},       {FieldEmail, "e"},    {FieldPhone, "p"},
-    {FieldConnection, "c"},  {FieldBandwidth, "b"}, {FieldTimezone, "z"}, {FieldEncryption, "k"},
-    {FieldAttribute, "a"},   {FieldTime, "t"},      {FieldRepeat, "r"},   {FieldMedia, "m"},
-    {-1, nullptr},
+    {FieldNone, ""},
+    {FieldVersion, "v"},
+    {FieldOrigin, "o"},
+    {FieldSessionName, "s"},
+    {FieldInformation, "i"},
+    {FieldUri, "u"},
+    {FieldEmail, "e"},
+    {FieldPhone, "p"},
+    {FieldConnection, "c"},
+    {FieldBandwidth, "b"},
+    {FieldTimezone, "z"},
+    {FieldEncryption, "k"},
+    {FieldAttribute, "a"},
+    {FieldTime, "t"},
+    {FieldRepeat, "r"},
+    {FieldMedia, "m"},
+    {-1, {}},
 };
 
 constexpr Row networkTypes[] = {
     {NetworkTypeNone, ""},
     {NetworkTypeIN, "IN"},
-    {-1, nullptr},
+    {-1, {}},
 };
 
 constexpr Row addressTypes[] = {
     {AddressTypeNone, ""},
     {AddressTypeIP4, "IP4"},
     {AddressTypeIP6, "IP6"},
-    {-1, nullptr},
+    {-1, {}},
 };
 
 constexpr Row encryptionMethods[] = {
     {EncryptionMethodNone, ""},   {EncryptionMethodClear, "clear"},   {EncryptionMethodBase64, "base64"},
-    {EncryptionMethodUri, "uri"}, {EncryptionMethodPrompt, "prompt"}, {-1, nullptr},
+    {EncryptionMethodUri, "uri"}, {EncryptionMethodPrompt, "prompt"}, {-1, {}},
 };
 
 const char* textOf(const Row* row, int value)
 {
-    while (row->text && row->value != value)
+    while (!row->isEnd() && row->value != value)
         ++row;
-    return row->text ? row->text : "";
+    return row->isEnd() ? "" : row->text.data();
 }
 
 template <class Enumeration> Enumeration valueOf(const Row* row, std::string_view text)
 {
-    while (row->text && row->text != text)
+    while (!row->isEnd() && row->text != text)
         ++row;
-    return static_cast<Enumeration>(row->text ? row->value : 0);
+    return static_cast<Enumeration>(row->isEnd() ? 0 : row->value);
 }
 
 } // namespace

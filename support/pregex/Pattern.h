@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/pregex/ByteSet.h"
-#include "support/pregex/SmallArray.h"
+#include "support/SmallArray.h"
 
 namespace ym::pregex {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -43,8 +44,12 @@ public:
     // Changes the value of pair number `index` of a name; the pair keeps its place. False if there is no such pair.
     bool replace(const String& name, const String& value, unsigned int index);
 
-    // Changes the value of the first pair of a name, or adds a pair behind the last one if there is none.
-    void put(const String& name, const String& value);
+    // Adds a pair behind the last one. The bytes must not be those that peek gave of this list.
+    void add(std::string_view name, std::string_view value);
+
+    // Changes the value of the first pair of a name, or adds a pair behind the last one if there is none. The bytes
+    // must not be those that peek gave of this list.
+    void put(std::string_view name, std::string_view value);
 
     // Removes pair number `index` of a name. False if there is no such pair.
     bool remove(const String& name, unsigned int index);
@@ -61,7 +66,9 @@ public:
 private:
     struct Pairs;
 
-    YM_HIDDEN bool makeRoom(std::size_t bytes);
+    YM_HIDDEN void makeRoom(std::size_t bytes);
+    YM_HIDDEN bool isFull(std::size_t bytes) const;
+    YM_HIDDEN void setValue(std::uint32_t slot, std::string_view value);
 
     [[maybe_unused]] const char* separator_;
     std::unique_ptr<Pairs> pairs_; // null until something is inserted

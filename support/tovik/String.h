@@ -88,6 +88,7 @@ private:
     YM_HIDDEN void setLength(unsigned int length);
     YM_HIDDEN void leavePlace();
     YM_HIDDEN void replace(const char* bytes, std::size_t n);
+    YM_HIDDEN void replaceLong(const char* bytes, std::size_t n);
     YM_HIDDEN void add(const char* bytes, std::size_t n);
     YM_HIDDEN void grow(std::size_t n);
     YM_HIDDEN void takeOver(String& other);

@@ -5,7 +5,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace ym::pregex {
+namespace ym {
 
 // A growing array whose first N elements live inside it, so that the usual case never asks the heap.
 // Elements are plain values, and have no defined value until they are written.
@@ -66,4 +66,4 @@ private:
     T first_[N];
 };
 
-} // namespace ym::pregex
+} // namespace ym
