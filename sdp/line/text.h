@@ -69,12 +69,12 @@ inline NameValue cut(std::string_view value)
     return {value.substr(0, colon), value.substr(colon, 1), value.substr(colon + 1)};
 }
 
-// Whether a text reads as the word, which is not empty, up to its first NUL.
+// Whether a text reads as the word up to its first NUL. Most texts differ in their first character.
 inline bool isText(std::string_view text, std::string_view word)
 {
-    return text.size() >= word.size() && text.front() == word.front()
-        && std::memcmp(text.data(), word.data(), word.size()) == 0
-        && (text.size() == word.size() || text[word.size()] == '\0');
+    if (text.size() < word.size() || (!word.empty() && text.front() != word.front()))
+        return false;
+    return text.substr(0, word.size()) == word && (text.size() == word.size() || text[word.size()] == '\0');
 }
 
 inline bool isEmpty(const String& text)
