@@ -182,12 +182,19 @@ String& String::append(const void* data, unsigned int n)
     return *this;
 }
 
-char* String::extend(unsigned long n)
+String& String::reserve(unsigned long n)
 {
     if (isInPlace())
         *this = String(*this);
-    if (n > capacity_ - length_)
-        grow(n);
+    if (n > capacity_)
+        grow(n - length_);
+    return *this;
+}
+
+char* String::extend(unsigned long n)
+{
+    if (n > capacity_ - length_ || isInPlace())
+        reserve(length_ + n);
     char* const end = text_ + length_;
     setLength(length_ + static_cast<unsigned int>(n));
     return end;

@@ -126,8 +126,10 @@ public:
     void setRecvOnly();
     void setInactive();
 
-    // The private state.
+    // The private state, and the way of the rest of the library to it.
     struct YM_HIDDEN SDPMedia_impl;
+    YM_HIDDEN SDPMedia_impl& state() { return *impl_; }
+    YM_HIDDEN const SDPMedia_impl& state() const { return *impl_; }
 
 private:
     std::unique_ptr<SDPMedia_impl> impl_;

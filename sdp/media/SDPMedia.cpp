@@ -1,21 +1,12 @@
-// Fields, then payload formats and the way they are found, then the operations in the order of the lines that they
-// serve.
+// The operations in the order of the lines that they serve.
 #include <sdp/SDPMedia.h>
 
-#include <bitset>
-#include <cstdint>
-#include <unordered_map>
-#include <utility>
-
-#include <tovik/NamedList.h>
 #include <tovik/warning.h>
 
 #include "sdp/line/text.h"
-#include "sdp/media/OwnedList.h"
 #include "sdp/media/SDPMediaPayload_impl.h"
+#include "sdp/media/SDPMedia_impl.h"
 #include "sdp/media/attributes.h"
-#include "sdp/media/direction.h"
-#include "sdp/media/fields.h"
 #include "support/make.h"
 #include "support/view.h"
 
@@ -23,125 +14,9 @@ namespace ym::SDP {
 
 namespace {
 
-constexpr int nSlots = 2;
-
-struct Fields {
-    Direction direction = Direction::sendrecv;
-    String media = "unknown";
-    std::uint16_t port = 0;
-    String transport = "RTP/AVP";
-    String sessionDesc;
-    Connection connection;
-    Bandwidth bandwidth[nSlots];
-    int nBandwidth = 0;
-    Encryption encryption;
-    NamedList attrs = NamedList(": ");
-};
-
-using Payloads = OwnedList<SDPMediaPayload>;
+constexpr int nSlots = MediaFields::nSlots;
 
 } // namespace
-
-struct SDPMedia::SDPMedia_impl : Fields {
-    Payloads payloads;
-
-    SDPMediaPayload* find(unsigned short number);
-    void add(std::unique_ptr<SDPMediaPayload> payload);
-    std::unique_ptr<SDPMediaPayload> giveBack(const SDPMediaPayload* payload);
-    void copyPayloads(const SDPMedia_impl& other);
-    bool holds(const SDPMediaPayload* payload) const { return payload->state().payloadNo.isWatchedBy(&renumbered_); }
-    void clear() { *this = SDPMedia_impl(); }
-
-private:
-    using Numbers = std::unordered_map<unsigned short, SDPMediaPayload*>;
-
-    static constexpr unsigned int shortList = 64;
-
-    SDPMediaPayload* findByWalk(unsigned short number);
-    SDPMediaPayload* findByIndex(unsigned short number);
-
-    bool renumbered_ = false; // set by the payloads when their number changes: numbers_ may be wrong
-
-    // As long as no number ever changed, all are different, and a short list makes use of that.
-    bool asAdded_ = true;
-    std::bitset<128> seen_;      // where a number is not in, modulo 128, a short list does not have it
-    unsigned int lastFound_ = 0; // lines of the same number and of the next one are likely to follow
-
-    // The first payload of each number, for lists that are too long to be walked for every line that names a number.
-    std::unique_ptr<Numbers> numbers_;
-};
-
-SDPMediaPayload* SDPMedia::SDPMedia_impl::findByWalk(unsigned short number)
-{
-    const auto hasNumber = [number](const SDPMediaPayload* p) { return p && p->state().payloadNo.get() == number; };
-    asAdded_ = asAdded_ && !renumbered_;
-    if (asAdded_ && !seen_[number % seen_.size()])
-        return nullptr;
-    if (asAdded_)
-        for (const unsigned int likely : {lastFound_, lastFound_ + 1})
-            if (hasNumber(payloads.at(likely)))
-                return payloads.at(lastFound_ = likely);
-    unsigned int index = 0;
-    for (SDPMediaPayload& payload : payloads) {
-        if (hasNumber(&payload)) {
-            lastFound_ = index;
-            return &payload;
-        }
-        ++index;
-    }
-    return nullptr;
-}
-
-SDPMediaPayload* SDPMedia::SDPMedia_impl::findByIndex(unsigned short number)
-{
-    if (!numbers_ || renumbered_) {
-        auto numbers = std::make_unique<Numbers>();
-        for (SDPMediaPayload& payload : payloads)
-            numbers->emplace(payload.state().payloadNo.get(), &payload);
-        numbers_ = std::move(numbers);
-        asAdded_ = asAdded_ && !renumbered_;
-        renumbered_ = false;
-    }
-    const auto found = numbers_->find(number);
-    return found == numbers_->end() ? nullptr : found->second;
-}
-
-SDPMediaPayload* SDPMedia::SDPMedia_impl::find(unsigned short number)
-{
-    return payloads.size() > shortList ? findByIndex(number) : findByWalk(number);
-}
-
-void SDPMedia::SDPMedia_impl::add(std::unique_ptr<SDPMediaPayload> payload)
-{
-    const unsigned short number = payload->payloadNo();
-    const SDPMediaPayload* const replaced = find(number);
-    const bool isIndexed = numbers_ && !renumbered_ && numbers_->size() == payloads.size();
-    std::unique_ptr<Numbers> numbers = std::move(numbers_); // away until it is right again
-    if (replaced)
-        payloads.take(replaced);
-    payload->state().payloadNo.watch(&renumbered_);
-    SDPMediaPayload* const added = payload.get();
-    payloads.add(std::move(payload));
-    seen_.set(number % seen_.size());
-    if (!isIndexed)
-        return;
-    numbers->insert_or_assign(number, added);
-    numbers_ = std::move(numbers);
-}
-
-std::unique_ptr<SDPMediaPayload> SDPMedia::SDPMedia_impl::giveBack(const SDPMediaPayload* payload)
-{
-    numbers_.reset();
-    return payloads.take(payload);
-}
-
-void SDPMedia::SDPMedia_impl::copyPayloads(const SDPMedia_impl& other)
-{
-    payloads.copy(other.payloads);
-    for (SDPMediaPayload& payload : payloads)
-        payload.state().payloadNo.watch(&renumbered_);
-    renumbered_ = true;
-}
 
 SDPMedia::SDPMedia() : impl_(make<SDPMedia_impl>()) { }
 SDPMedia::~SDPMedia() = default;
@@ -151,8 +26,8 @@ SDPMedia& SDPMedia::operator=(const SDPMedia& other)
     if (this == &other)
         return *this;
     impl_->clear();
-    static_cast<Fields&>(*impl_) = *other.impl_;
-    impl_->copyPayloads(*other.impl_);
+    static_cast<MediaFields&>(*impl_) = *other.impl_;
+    impl_->payloads.copy(other.impl_->payloads);
     return *this;
 }
 
@@ -222,7 +97,7 @@ SDPMediaPayload* SDPMedia::mediaPayload(unsigned int index)
 
 SDPMediaPayload* SDPMedia::mediaPayload(unsigned short number)
 {
-    return impl_->find(number);
+    return impl_->payloads.find(number);
 }
 
 SDPMediaPayload* SDPMedia::mediaPayload(const String& mapping)
@@ -245,7 +120,7 @@ int SDPMedia::addMediaPayload(SDPMediaPayload* payload)
 {
     if (!payload)
         return -1;
-    impl_->add(impl_->holds(payload) ? impl_->giveBack(payload) : std::unique_ptr<SDPMediaPayload>(payload));
+    impl_->payloads.add(payload);
     return 0;
 }
 
@@ -431,25 +306,30 @@ void SDPMedia::setInactive()
 
 // Text out
 
+void SDPMedia::SDPMedia_impl::putLines(String& out) const
+{
+    putBare(out, 'm', media, " ", number(port), " ", transport);
+    for (const SDPMediaPayload& payload : payloads)
+        put(out, " ", number(payload.state().payloadNo.get()));
+    putLineEnd(out);
+    putText(out, 'i', sessionDesc);
+    putConnection(out, connection);
+    for (const Bandwidth& slot : bandwidth)
+        putBandwidth(out, slot);
+    putEncryption(out, encryption);
+    for (const SDPMediaPayload& payload : payloads)
+        payload.state().putLines(out);
+    putAttrLines(out, attrs);
+    if (direction != Direction::sendrecv)
+        putLine(out, 'a', directionWord(direction));
+}
+
 int SDPMedia::generate(String* out)
 {
     if (!out)
         return SDP_INVALID_ARGUMENT;
     out->assign("");
-    putBare(*out, 'm', impl_->media, " ", number(impl_->port), " ", impl_->transport);
-    for (const SDPMediaPayload& payload : impl_->payloads)
-        put(*out, " ", number(payload.state().payloadNo.get()));
-    putLineEnd(*out);
-    putText(*out, 'i', impl_->sessionDesc);
-    putConnection(*out, impl_->connection);
-    for (const Bandwidth& bandwidth : impl_->bandwidth)
-        putBandwidth(*out, bandwidth);
-    putEncryption(*out, impl_->encryption);
-    for (const SDPMediaPayload& payload : impl_->payloads)
-        payload.state().putLines(*out);
-    putAttrLines(*out, impl_->attrs);
-    if (!sendrecv())
-        putLine(*out, 'a', directionWord(impl_->direction));
+    impl_->putLines(*out);
     return 0;
 }
 

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include <sdp/SDPMedia.h>
-#include <tovik/String.h>
 
 namespace ym::SDP {
 
@@ -24,7 +23,6 @@ private:
 
     SDPMedia* media_ = nullptr;
     SDPMediaPayload* currentPayload_ = nullptr;
-    String text_;
 };
 
 } // namespace ym::SDP

@@ -2,7 +2,7 @@
 #include "sdp/line/Scanner.h"
 #include "sdp/line/text.h"
 #include "sdp/media/SDPMediaPayload_impl.h"
-#include "sdp/media/direction.h"
+#include "sdp/media/SDPMedia_impl.h"
 #include "sdp/parser/AttributeReader.h"
 #include "support/number.h"
 
@@ -35,12 +35,13 @@ void AttributeReader::begin(SDPMedia& media, SDPMediaPayload* lastPayload)
 void AttributeReader::read(std::string_view line)
 {
     const NameValue attribute = cut(line);
+    Direction direction = Direction::sendrecv;
     if (isText(attribute.name, "rtpmap"))
         readMapping(attribute.value);
     else if (isText(attribute.name, "fmtp"))
         readFormat(attribute.value);
-    else if (isDirection(attribute.name, nullptr))
-        media_->addAttr(text_.assign(attribute.name), text_);
+    else if (isDirection(attribute.name, &direction))
+        media_->state().direction = direction;
     else if (currentPayload_)
         currentPayload_->state().attrs.put(attribute.name, attribute.value);
 }
@@ -95,7 +96,7 @@ bool AttributeReader::goToPayload(std::string_view value, std::string_view* rest
     Scanner at(value);
     if (!at.digits(&number) || !at.space())
         return false;
-    currentPayload_ = media_->mediaPayload(toNumber<unsigned short>(number));
+    currentPayload_ = media_->state().payloads.find(toNumber<unsigned short>(number));
     *rest = at.rest();
     return currentPayload_ != nullptr;
 }

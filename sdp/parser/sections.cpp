@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "sdp/line/Scanner.h"
-#include "sdp/media/fields.h"
+#include "sdp/media/SDPMediaPayload_impl.h"
+#include "sdp/media/SDPMedia_impl.h"
 #include "sdp/parser/AttributeReader.h"
 #include "sdp/parser/parser.h"
 #include "sdp/session/SDPDescEx_impl.h"
@@ -62,7 +63,7 @@ SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
     SDPMediaPayload* last = nullptr;
     for (unsigned int i = 0; i < formats.size(); ++i) {
         auto payload = std::make_unique<SDPMediaPayload>();
-        payload->setPayloadNo(formats[i]);
+        payload->state().payloadNo.set(formats[i]);
         last = payload.release();
         media.addMediaPayload(last);
     }
@@ -119,9 +120,9 @@ private:
         if (!at.word(&type) || !at.space() || !at.digits(&port) || !at.space() || !at.word(&transport) || !at.space())
             return nullptr;
         auto media = std::make_unique<SDPMedia>();
-        media->setMediaType(text_.assign(type).chars());
-        media->setPort(toNumber<unsigned short>(port));
-        media->setTransport(text_.assign(transport).chars());
+        media->state().media.assign(type);
+        media->state().port = toNumber<std::uint16_t>(port);
+        media->state().transport.assign(transport);
         readFormats(at.rest(), &formats_);
         keepLastOfEach(&formats_);
         return media;

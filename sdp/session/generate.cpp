@@ -2,6 +2,7 @@
 #include <sdp/SDPDescEx.h>
 
 #include "sdp/line/text.h"
+#include "sdp/media/SDPMedia_impl.h"
 #include "sdp/media/attributes.h"
 #include "sdp/media/fields.h"
 #include "sdp/session/SDPDescEx_impl.h"
@@ -10,6 +11,9 @@
 namespace ym::SDP {
 
 namespace {
+
+// So that most texts do not have to grow step by step.
+constexpr unsigned long usualLength = 1000;
 
 void putOrigin(String& out, const Origin& origin)
 {
@@ -30,10 +34,8 @@ void putSessionConnection(String& out, const SessionFields& s)
 
 void putSections(String& out, OwnedList<SDPMedia>& sections)
 {
-    String text;
-    for (SDPMedia& section : sections)
-        if (section.generate(&text) == 0)
-            out.append(text.chars(), text.length());
+    for (const SDPMedia& section : sections)
+        section.state().putLines(out);
 }
 
 } // namespace
@@ -43,6 +45,7 @@ int SDPDescEx::generate(String* text)
     if (!text)
         return SDP_INVALID_ARGUMENT;
     text->assign("");
+    text->reserve(usualLength);
     putLine(*text, 'v', number(impl_->version));
     putOrigin(*text, impl_->origin);
     putText(*text, 's', impl_->sessionName);
