@@ -61,7 +61,7 @@ void String::replace(const char* bytes, std::size_t n)
 }
 
 // The same for what does not fit.
-void String::replaceLong(const char* bytes, std::size_t n)
+[[gnu::noinline]] void String::replaceLong(const char* bytes, std::size_t n)
 {
     // Lengths are 32 bits wide in the interface, so a longer text could not be told apart from a short one.
     if (n > longest)
@@ -74,8 +74,9 @@ void String::replaceLong(const char* bytes, std::size_t n)
     setLength(capacity_);
 }
 
-// Makes room for `n` more bytes.
-void String::grow(std::size_t n)
+// Makes room for `n` more bytes, in memory of the string's own. Kept out of line, so that those who seldom need it stay
+// short.
+[[gnu::noinline]] void String::grow(std::size_t n)
 {
     if (n > longest - length_)
         throw std::length_error("ym::String: text too long");
@@ -121,9 +122,14 @@ String::String() : text_(own_), length_(0), capacity_(ownCapacity)
     own_[0] = '\0';
 }
 
-String::String(const char* text) : String()
+String::String(const char* text) : text_(own_), length_(0), capacity_(ownCapacity)
 {
-    replace(text, lengthOf(text));
+    const std::size_t n = lengthOf(text);
+    if (n > ownCapacity)
+        replaceLong(text, n);
+    else
+        std::memcpy(own_, n > 0 ? text : "", n + 1);
+    length_ = static_cast<unsigned int>(n);
 }
 
 String::String(const String& other) : String()
@@ -184,17 +190,15 @@ String& String::append(const void* data, unsigned int n)
 
 String& String::reserve(unsigned long n)
 {
-    if (isInPlace())
-        *this = String(*this);
     if (n > capacity_)
-        grow(n - length_);
+        grow(n > length_ ? n - length_ : 0);
     return *this;
 }
 
 char* String::extend(unsigned long n)
 {
-    if (n > capacity_ - length_ || isInPlace())
-        reserve(length_ + n);
+    if (capacity_ < length_ || n > capacity_ - length_) // a text in place has none
+        grow(n);
     char* const end = text_ + length_;
     setLength(length_ + static_cast<unsigned int>(n));
     return end;

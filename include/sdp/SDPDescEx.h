@@ -195,6 +195,8 @@ public:
     struct YM_HIDDEN SDPDescEx_impl;
 
 private:
+    YM_HIDDEN SDPDescEx_impl& edit(); // the state, for every change but parse and clear
+
     std::unique_ptr<SDPDescEx_impl> impl_;
 };
 

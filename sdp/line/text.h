@@ -150,20 +150,20 @@ inline char* copy(char* to, const NameValue& pair)
     return copy(copy(copy(to, pair.name), pair.separator), pair.value);
 }
 
-template <class... Bytes> void putBytes(String& out, const Bytes&... bytes)
+template <class... Bytes> [[gnu::always_inline]] inline void putBytes(String& out, const Bytes&... bytes)
 {
     char* to = out.extend((std::size_t{0} + ... + lengthOf(bytes)));
     ((to = copy(to, bytes)), ...);
 }
 
 // Pieces are texts, which end at their first NUL, numbers, and names with values.
-template <class... Pieces> void put(String& out, const Pieces&... pieces)
+template <class... Pieces> [[gnu::always_inline]] inline void put(String& out, const Pieces&... pieces)
 {
     putBytes(out, bytesOf(pieces)...);
 }
 
 // "x=" and the pieces. A type of 0 adds nothing, like any other NUL.
-template <class... Pieces> void putBare(String& out, char type, const Pieces&... pieces)
+template <class... Pieces> [[gnu::always_inline]] inline void putBare(String& out, char type, const Pieces&... pieces)
 {
     const char head[] = {type, '='};
     put(out, std::string_view(head, sizeof head).substr(type == '\0'), pieces...);
@@ -172,7 +172,7 @@ template <class... Pieces> void putBare(String& out, char type, const Pieces&...
 // The same, with the line end of the wire.
 constexpr std::string_view lineEnd = "\r\n";
 
-template <class... Pieces> void putLine(String& out, char type, const Pieces&... pieces)
+template <class... Pieces> [[gnu::always_inline]] inline void putLine(String& out, char type, const Pieces&... pieces)
 {
     putBare(out, type, pieces..., lineEnd);
 }

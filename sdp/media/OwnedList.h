@@ -57,10 +57,11 @@ public:
         return slots_[place_.seek(index, nSlots, size(), [this](std::uint32_t i) { return !slots_[i]; })].get();
     }
 
+    // Makes room for so many objects in all.
+    void reserve(std::size_t n) { slots_.reserve(n); }
+
     void add(std::unique_ptr<T> object)
     {
-        if (slots_.empty())
-            slots_.reserve(firstSlots);
         slots_.push_back(std::move(object));
         if (places_)
             enter(slots_.size() - 1);
@@ -108,7 +109,6 @@ public:
 private:
     using Places = std::unordered_multimap<const T*, std::uint32_t>;
 
-    static constexpr std::size_t firstSlots = 4;
     static constexpr unsigned int shortList = 32; // as fast to walk as to look up
 
     std::vector<std::uint32_t> placesOf(const T* object)

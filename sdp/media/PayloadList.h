@@ -21,6 +21,9 @@ public:
     iterator end() const { return payloads_.end(); }
     unsigned int size() const { return payloads_.size(); }
 
+    // Makes room for so many payloads in all.
+    void reserve(unsigned int n) { payloads_.reserve(n); }
+
     // The payload at a position, or null.
     SDPMediaPayload* at(unsigned int index) { return payloads_.at(index); }
 

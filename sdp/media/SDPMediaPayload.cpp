@@ -23,6 +23,26 @@ bool hasMapping(const State& s)
     return !isEmpty(s.encoding) && s.clockRate != 0;
 }
 
+// Whether a slash with a clock rate behind it stands at a place: any byte but a slash, and at least a digit.
+bool isRateAt(std::string_view text, std::size_t slash)
+{
+    return slash + 2 < text.size() && text[slash] == '/' && text[slash + 1] != '/' && isDigit(text[slash + 2]);
+}
+
+// The place of the slash before the clock rate, which is the last that there can be, or 0.
+std::size_t findRate(std::string_view text)
+{
+    const auto space = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isSpace) - text.begin());
+    std::size_t slash = text.size() < 3 ? 0 : text.size() - 3;
+    if (space < text.size()) // which only may be the first byte of the clock rate, and alone
+        slash = space > 0 && isRateAt(text, space - 1) && std::none_of(text.begin() + space + 1, text.end(), isSpace)
+            ? space - 1
+            : 0;
+    while (slash > 0 && !isRateAt(text, slash))
+        --slash;
+    return slash;
+}
+
 struct Mapping {
     std::string_view encoding;
     std::string_view clockRate;
@@ -30,19 +50,9 @@ struct Mapping {
 };
 
 // PCMU/8000, L16/44100/2
-//
-// The clock rate begins behind the last slash that has any byte but a slash, and then a digit, behind it. No white
-// space may stand anywhere else than in the place of that byte.
 bool readMapping(std::string_view text, Mapping* mapping)
 {
-    std::size_t slash = text.size() < 4 ? 0 : text.size() - 3;
-    const auto firstSpace = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isSpace) - text.begin());
-    for (; slash > 0; --slash) {
-        if (isSpace(text[slash + 2]))
-            return false;
-        if (text[slash] == '/' && text[slash + 1] != '/' && isDigit(text[slash + 2]) && slash <= firstSpace)
-            break;
-    }
+    const std::size_t slash = findRate(text);
     if (slash == 0)
         return false;
     std::size_t end = slash + 2;

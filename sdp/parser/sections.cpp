@@ -61,6 +61,7 @@ void keepLastOfEach(Formats* formats)
 SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 {
     SDPMediaPayload* last = nullptr;
+    media.state().payloads.reserve(formats.size());
     for (unsigned int i = 0; i < formats.size(); ++i) {
         auto payload = std::make_unique<SDPMediaPayload>();
         payload->state().payloadNo.set(formats[i]);

@@ -3,6 +3,7 @@
 #include <sdp/SDPDescEx.h>
 
 #include <cstdint>
+#include <utility>
 
 #include "sdp/line/Scanner.h"
 #include "sdp/parser/parser.h"
@@ -171,18 +172,19 @@ bool readSession(Lines& lines, Session& s)
 
 int SDPDescEx::parse(const String& text)
 {
-    auto session = make<SDPDescEx_impl>(); // a new one, since the text may be one of the fields
+    std::unique_ptr<SDPDescEx_impl> old; // lives on for a while, since the text may be one of its fields
+    if (!impl_->isNew)
+        old = std::exchange(impl_, make<SDPDescEx_impl>());
+    SDPDescEx_impl& session = edit();
     Lines lines(view(text));
-    const bool isUsable = lines.areReadable() && readSession(lines, *session);
-    if (isUsable)
-        parseSections(lines, *session);
-    if (!isUsable) {
-        const std::uint32_t version = session->version;
-        session->clear();
-        session->version = version; // is known even where the origin is not
+    if (lines.areReadable() && readSession(lines, session)) {
+        parseSections(lines, session);
+        return 0;
     }
-    impl_ = std::move(session);
-    return isUsable ? 0 : -1;
+    const std::uint32_t version = session.version; // known even where the origin is not
+    session.clear();
+    setVersion(version);
+    return -1;
 }
 
 } // namespace ym::SDP

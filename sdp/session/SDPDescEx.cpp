@@ -17,16 +17,23 @@ SDPDescEx& SDPDescEx::operator=(const SDPDescEx& other)
     if (this == &other)
         return *this;
     impl_->clear();
-    static_cast<SessionFields&>(*impl_) = *other.impl_;
-    impl_->videos.copy(other.impl_->videos);
-    impl_->audios.copy(other.impl_->audios);
-    impl_->applications.copy(other.impl_->applications);
+    SDPDescEx_impl& copy = edit();
+    static_cast<SessionFields&>(copy) = *other.impl_;
+    copy.videos.copy(other.impl_->videos);
+    copy.audios.copy(other.impl_->audios);
+    copy.applications.copy(other.impl_->applications);
     return *this;
 }
 
 void SDPDescEx::clear()
 {
     impl_->clear();
+}
+
+SDPDescEx::SDPDescEx_impl& SDPDescEx::edit()
+{
+    impl_->isNew = false;
+    return *impl_;
 }
 
 // v=
@@ -38,7 +45,7 @@ unsigned long SDPDescEx::version()
 
 void SDPDescEx::setVersion(unsigned long version)
 {
-    impl_->version = uint32(version);
+    edit().version = uint32(version);
 }
 
 // o=
@@ -78,7 +85,7 @@ int SDPDescEx::setOrig(const String& username, const String& sessionId, const St
 {
     if (!isKnown(netType) || !isKnown(addrType))
         return SDP_INVALID_ARGUMENT;
-    impl_->origin = {username, sessionId, version, netType, addrType, address};
+    edit().origin = {username, sessionId, version, netType, addrType, address};
     return 0;
 }
 
@@ -96,7 +103,7 @@ const String& SDPDescEx::sessionName() const
 
 void SDPDescEx::setSessionName(const String& name)
 {
-    impl_->sessionName = name;
+    edit().sessionName = name;
 }
 
 // i=
@@ -113,7 +120,7 @@ const String& SDPDescEx::sessionDesc() const
 
 void SDPDescEx::setSessionDesc(const String& text)
 {
-    impl_->sessionDesc = text;
+    edit().sessionDesc = text;
 }
 
 // u=
@@ -130,7 +137,7 @@ const String& SDPDescEx::uri() const
 
 void SDPDescEx::setUri(const String& uri)
 {
-    impl_->uri = uri;
+    edit().uri = uri;
 }
 
 // e=
@@ -147,7 +154,7 @@ const String& SDPDescEx::email() const
 
 void SDPDescEx::setEmail(const String& email)
 {
-    impl_->email = email;
+    edit().email = email;
 }
 
 // p=
@@ -164,7 +171,7 @@ const String& SDPDescEx::phone() const
 
 void SDPDescEx::setPhone(const String& phone)
 {
-    impl_->phone = phone;
+    edit().phone = phone;
 }
 
 // c=
@@ -214,9 +221,9 @@ int SDPDescEx::setConnection(NetworkType netType, AddressType addrType, const St
 {
     if (!isKnown(netType) || !isKnown(addrType) || isEmpty(address))
         return SDP_INVALID_ARGUMENT;
-    impl_->connection = {netType, addrType, address};
-    impl_->connectionTTL = uint32(ttl);
-    impl_->connectionNumAddr = uint32(numAddr);
+    edit().connection = {netType, addrType, address};
+    edit().connectionTTL = uint32(ttl);
+    edit().connectionNumAddr = uint32(numAddr);
     return 0;
 }
 
@@ -239,7 +246,7 @@ unsigned long SDPDescEx::bandwidth()
 
 void SDPDescEx::setBandwidth(const String& modifier, unsigned long value)
 {
-    impl_->bandwidth = {modifier, uint32(value)};
+    edit().bandwidth = {modifier, uint32(value)};
 }
 
 // z=
@@ -256,7 +263,7 @@ const String& SDPDescEx::timezoneAjust()
 
 void SDPDescEx::setTimezoneAjust(const String& text)
 {
-    impl_->timezoneAjust = text;
+    edit().timezoneAjust = text;
 }
 
 // k=
@@ -278,12 +285,12 @@ const String& SDPDescEx::encryptionKey() const
 
 int SDPDescEx::setEncryption(EncryptionMethod method, const String& key)
 {
-    return impl_->encryption.set(method, key) ? 0 : SDP_INVALID_ARGUMENT;
+    return edit().encryption.set(method, key) ? 0 : SDP_INVALID_ARGUMENT;
 }
 
 int SDPDescEx::setEncryption(const String& method, const String& key)
 {
-    return impl_->encryption.set(method, key) ? 0 : SDP_INVALID_ARGUMENT;
+    return edit().encryption.set(method, key) ? 0 : SDP_INVALID_ARGUMENT;
 }
 
 // t=
@@ -300,8 +307,8 @@ unsigned long SDPDescEx::stopTime()
 
 void SDPDescEx::setTime(unsigned long start, unsigned long stop)
 {
-    impl_->startTime = uint32(start);
-    impl_->stopTime = uint32(stop);
+    edit().startTime = uint32(start);
+    edit().stopTime = uint32(stop);
 }
 
 // r=
@@ -318,7 +325,7 @@ const String& SDPDescEx::repeat() const
 
 void SDPDescEx::setRepeat(const String& text)
 {
-    impl_->repeat = text;
+    edit().repeat = text;
 }
 
 // a=
@@ -345,13 +352,13 @@ int SDPDescEx::attr(unsigned int index, String* name, String* value)
 
 int SDPDescEx::addAttr(const String& name, const String& value)
 {
-    impl_->attrs.put(view(name), view(value));
+    edit().attrs.put(view(name), view(value));
     return 0;
 }
 
 int SDPDescEx::removeAttr(const String& name)
 {
-    impl_->attrs.remove(name, 0);
+    edit().attrs.remove(name, 0);
     return 0;
 }
 

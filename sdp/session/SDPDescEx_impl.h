@@ -44,24 +44,20 @@ struct SessionFields {
 };
 
 struct SDPDescEx::SDPDescEx_impl : SessionFields {
-    OwnedList<SDPMedia> videos;
-    OwnedList<SDPMedia> audios;
-    OwnedList<SDPMedia> applications;
+    bool isNew = true; // nothing was stored yet
 
-    ~SDPDescEx_impl() { release(); }
+    // Members are destroyed from the last one on: first the video sections, as clear does it.
+    OwnedList<SDPMedia> applications;
+    OwnedList<SDPMedia> audios;
+    OwnedList<SDPMedia> videos;
 
     void clear()
     {
         static_cast<SessionFields&>(*this) = SessionFields();
-        release();
-    }
-
-    // Destroys all media sections, list by list in this order.
-    void release()
-    {
         videos.clear();
         audios.clear();
         applications.clear();
+        isNew = true;
     }
 };
 

@@ -79,32 +79,32 @@ SDPMedia* SDPDescEx::mediaApplication(unsigned int index)
 
 int SDPDescEx::addMediaVideo(SDPMedia* media)
 {
-    return add(impl_->videos, media);
+    return add(edit().videos, media);
 }
 
 int SDPDescEx::addMediaAudio(SDPMedia* media)
 {
-    return add(impl_->audios, media);
+    return add(edit().audios, media);
 }
 
 int SDPDescEx::addMediaApplication(SDPMedia* media)
 {
-    return add(impl_->applications, media);
+    return add(edit().applications, media);
 }
 
 int SDPDescEx::removeMediaVideo(SDPMedia* media)
 {
-    return remove(impl_->videos, media);
+    return remove(edit().videos, media);
 }
 
 int SDPDescEx::removeMediaAudio(SDPMedia* media)
 {
-    return remove(impl_->audios, media);
+    return remove(edit().audios, media);
 }
 
 int SDPDescEx::removeMediaApplication(SDPMedia* media)
 {
-    return remove(impl_->applications, media);
+    return remove(edit().applications, media);
 }
 
 } // namespace ym::SDP
