@@ -142,7 +142,9 @@ struct NamedList::Pairs {
     {
         index.reset();
         place.forget();
-        std::rotate(&at(before), &at(nSlots - 1), &at(nSlots));
+        const Slot last = at(nSlots - 1);
+        std::copy_backward(&at(before), &at(nSlots - 1), &at(nSlots));
+        at(before) = last;
     }
 
     std::uint32_t seek(std::uint32_t position)

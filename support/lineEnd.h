@@ -34,10 +34,11 @@ inline const char* findLowByte(const char* begin, const char* end)
 // The first byte that ends a line, or `end`.
 inline const char* findLineEnd(const char* begin, const char* end)
 {
-    begin = findLowByte(begin, end);
-    while (begin != end && !endsLine(*begin))
-        begin = findLowByte(begin + 1, end);
-    return begin;
+    for (;; ++begin) {
+        begin = findLowByte(begin, end);
+        if (begin == end || endsLine(*begin))
+            return begin;
+    }
 }
 
 } // namespace ym

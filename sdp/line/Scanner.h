@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 
 #include "support/ascii.h"
@@ -17,32 +18,31 @@ class Scanner {
 public:
     explicit Scanner(std::string_view text) : rest_(text) { }
 
-    // One or more bytes that are not white space; that are digits.
+    // One or more bytes that are not white space.
     bool word(std::string_view* found)
     {
         return take(found, [](char c) { return !isSpace(c); });
     }
-    bool digits(std::string_view* found) { return take(found, isDigit); }
 
-    // One or more bytes that belong to `allowed`.
-    template <class Allowed> bool take(std::string_view* found, Allowed allowed)
+    // The same, but none of `others`.
+    bool wordWithout(std::string_view others, std::string_view* found)
     {
-        const std::size_t n = count(allowed);
-        if (n == 0)
-            return false;
-        *found = rest_.substr(0, n);
-        rest_.remove_prefix(n);
-        return true;
+        return take(found, [others](char c) {
+            return !isSpace(c) && std::find(others.begin(), others.end(), c) == others.end();
+        });
     }
+
+    // One or more digits.
+    bool digits(std::string_view* found) { return take(found, isDigit); }
 
     // White space, as much as there is.
     bool space()
     {
-        const std::size_t n = count(isSpace);
-        rest_.remove_prefix(n);
-        return n > 0;
+        std::string_view found;
+        return take(&found, isSpace);
     }
 
+    // One byte.
     bool byte(char c)
     {
         if (isEnd() || rest_.front() != c)
@@ -51,7 +51,7 @@ public:
         return true;
     }
 
-    // A word that reaches to the end, or nothing that is left.
+    // A word that reaches to the end, or nothing, which is empty, if nothing is left.
     bool lastWord(std::string_view* found)
     {
         *found = {};
@@ -62,12 +62,16 @@ public:
     std::string_view rest() const { return rest_; }
 
 private:
-    template <class Allowed> std::size_t count(Allowed allowed) const
+    template <class Allowed> bool take(std::string_view* found, Allowed allowed)
     {
         std::size_t n = 0;
         while (n < rest_.size() && allowed(rest_[n]))
             ++n;
-        return n;
+        if (n == 0)
+            return false;
+        *found = rest_.substr(0, n);
+        rest_.remove_prefix(n);
+        return true;
     }
 
     std::string_view rest_;

@@ -9,6 +9,8 @@
 
 #include <tovik/String.h>
 
+#include "support/ascii.h"
+
 namespace ym::SDP {
 
 // Taken apart: one line, without its line end
@@ -43,7 +45,7 @@ inline bool hasValue(std::string_view line)
 
 inline std::string_view valueOf(std::string_view line)
 {
-    return line.substr(2);
+    return behind(line, 2);
 }
 
 // What the interface gives as a text that ends at the first NUL.
@@ -66,7 +68,7 @@ inline NameValue cut(std::string_view value)
     const std::size_t colon = value.find(':');
     if (colon == std::string_view::npos)
         return {value, {}, {}};
-    return {value.substr(0, colon), value.substr(colon, 1), value.substr(colon + 1)};
+    return {value.substr(0, colon), ":", behind(value, colon + 1)};
 }
 
 // Whether a text reads as the word up to its first NUL. Most texts differ in their first character.
@@ -166,7 +168,7 @@ template <class... Pieces> [[gnu::always_inline]] inline void put(String& out, c
 template <class... Pieces> [[gnu::always_inline]] inline void putBare(String& out, char type, const Pieces&... pieces)
 {
     const char head[] = {type, '='};
-    put(out, std::string_view(head, sizeof head).substr(type == '\0'), pieces...);
+    put(out, behind({head, sizeof head}, type == '\0' ? 1 : 0), pieces...);
 }
 
 // The same, with the line end of the wire.

@@ -67,7 +67,7 @@ void PayloadList::add(SDPMediaPayload* payload)
 {
     std::unique_ptr<SDPMediaPayload> added = takeOver(payload);
     const unsigned short number = numberOf(*payload);
-    const SDPMediaPayload* const replaced = find(number);
+    SDPMediaPayload* const replaced = find(number);
     const bool isIndexed = numbers_ && !renumbered_ && numbers_->size() == size();
     std::unique_ptr<Numbers> numbers = std::move(numbers_); // away until it is right again
     if (replaced)

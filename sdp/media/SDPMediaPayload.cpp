@@ -59,8 +59,8 @@ bool readMapping(std::string_view text, Mapping* mapping)
     while (end < text.size() && isDigit(text[end]))
         ++end;
     mapping->encoding = text.substr(0, slash);
-    mapping->clockRate = text.substr(slash + 1, end - slash - 1);
-    mapping->param = text.substr(end < text.size() && text[end] == '/' ? end + 1 : end);
+    mapping->clockRate = behind(text.substr(0, end), slash + 1);
+    mapping->param = behind(text, end < text.size() && text[end] == '/' ? end + 1 : end);
     return true;
 }
 

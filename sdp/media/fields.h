@@ -9,7 +9,6 @@
 #include <tovik/String.h>
 
 #include "sdp/line/text.h"
-#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -79,31 +78,11 @@ struct Encryption {
 };
 
 // Their lines, each written only if it is set. What stands behind the address of a session's connection is `suffix`.
-
-inline void putConnection(String& out, const Connection& connection, std::string_view suffix = {})
-{
-    if (connection.isSet())
-        putLine(out, 'c', networkTypeStr(connection.netType), " ", addressTypeStr(connection.addrType), " ",
-                connection.address, suffix);
-}
-
-inline void putBandwidth(String& out, const Bandwidth& bandwidth)
-{
-    if (bandwidth.isSet())
-        putLine(out, 'b', bandwidth.modifier, ":", number(bandwidth.value));
-}
-
-inline void putEncryption(String& out, const Encryption& encryption)
-{
-    if (encryption.isSet())
-        putLine(out, 'k', nameValue(encryptionMethodStr(encryption.method), ":", view(encryption.key)));
-}
+void putConnection(String& out, const Connection& connection, std::string_view suffix = {});
+void putBandwidth(String& out, const Bandwidth& bandwidth);
+void putEncryption(String& out, const Encryption& encryption);
 
 // A line that is a single text.
-inline void putText(String& out, char type, const String& text)
-{
-    if (!isEmpty(text))
-        putLine(out, type, text);
-}
+void putText(String& out, char type, const String& text);
 
 } // namespace ym::SDP

@@ -20,7 +20,7 @@ std::string_view takePiece(std::string_view* list)
         *list = {};
         return piece;
     }
-    *list = withoutSpaceBefore(list->substr(end + 1));
+    *list = withoutSpaceBefore(behind(*list, end + 1));
     return withoutSpaceBehind(piece);
 }
 
@@ -85,7 +85,7 @@ void AttributeReader::readParam(std::string_view param)
         return;
     }
     const std::string_view name = withoutSpaceBehind(withoutSpaceBefore(param.substr(0, equals)));
-    const std::string_view value = withoutSpaceBehind(withoutSpaceBefore(param.substr(equals + 1)));
+    const std::string_view value = withoutSpaceBehind(withoutSpaceBefore(behind(param, equals + 1)));
     currentPayload_->state().formatParams.put(name, value);
 }
 

@@ -34,7 +34,7 @@ void readFormats(std::string_view list, Formats* formats)
     while (!list.empty()) {
         std::size_t end = std::min(list.find(' '), list.size());
         formats->add() = toNumber<std::uint16_t>(list.substr(0, end));
-        list = withoutSpaceBefore(list.substr(end));
+        list = withoutSpaceBefore(behind(list, end));
     }
 }
 
@@ -159,22 +159,20 @@ private:
 // IN IP4 224.2.1.1/127/3
 bool readConnection(std::string_view value, ConnectionLine* line)
 {
-    const auto isAddress = [](char c) { return !isSpace(c) && c != '(' && c != '/' && c != '|' && c != ')'; };
-    const auto isTTL = [](char c) { return c != '(' && c != '/' && c != ')'; };
     std::string_view netType;
     std::string_view addrType;
     std::string_view address;
     std::string_view tail;
     Scanner at(value);
     at.space();
-    if (!at.word(&netType) || !at.space() || !at.word(&addrType) || !at.space() || !at.take(&address, isAddress))
+    if (!at.word(&netType) || !at.space() || !at.word(&addrType) || !at.space() || !at.wordWithout("(/|)", &address))
         return false;
     at.byte('/');
     if (!at.lastWord(&tail))
         return false;
     *line = {networkTypeOf(netType), addressTypeOf(addrType), address, {}, {}};
     Scanner inTail(tail);
-    if (inTail.take(&line->ttl, isTTL)) {
+    if (inTail.wordWithout("(/)", &line->ttl)) {
         inTail.byte('/');
         inTail.lastWord(&line->numAddr);
     }

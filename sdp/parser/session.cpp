@@ -68,9 +68,9 @@ void readBandwidth(std::string_view value, Session& s)
         return;
     std::string_view modifier;
     std::string_view number;
-    Scanner before(value.substr(0, colon));
-    Scanner behind(value.substr(colon + 1));
-    if (!before.word(&modifier) || !before.isEnd() || !behind.digits(&number) || !behind.isEnd())
+    Scanner name(value.substr(0, colon));
+    Scanner rest(behind(value, colon + 1));
+    if (!name.word(&modifier) || !name.isEnd() || !rest.digits(&number) || !rest.isEnd())
         return;
     s.bandwidth.modifier.assign(modifier);
     s.bandwidth.value = toNumber<std::uint32_t>(number);
@@ -79,15 +79,11 @@ void readBandwidth(std::string_view value, Session& s)
 // k=prompt, k=clear:key
 void readEncryption(std::string_view value, Session& s)
 {
-    std::string_view method;
+    const NameValue pair = cut(value);
     std::string_view key;
-    Scanner at(value);
-    if (!at.take(&method, [](char c) { return c != ':'; }))
+    if (pair.name.empty() || !Scanner(pair.value).lastWord(&key))
         return;
-    at.byte(':');
-    if (!at.lastWord(&key))
-        return;
-    s.encryption.method = encryptionMethodOf(method);
+    s.encryption.method = encryptionMethodOf(pair.name);
     s.encryption.key.assign(key);
 }
 

@@ -15,7 +15,7 @@ int add(OwnedList<SDPMedia>& list, SDPMedia* media)
     return 0;
 }
 
-int remove(OwnedList<SDPMedia>& list, const SDPMedia* media)
+int remove(OwnedList<SDPMedia>& list, SDPMedia* media)
 {
     return list.take(media) ? 0 : -1;
 }
