@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "support/pregex/ByteSet.h"
 #include "support/SmallArray.h"
+#include "support/pregex/ByteSet.h"
 
 namespace ym::pregex {
 
