@@ -224,27 +224,36 @@ TEST(Media, FindsPayloadsByTheirMapping)
     EXPECT_TRUE(!m.mediaPayload(static_cast<const char*>(nullptr)) && !m.mediaPayload(3U));
 }
 
-// Payloads come, move and change their numbers behind the section's back, in long lists too.
+// Payloads come, move and change their numbers behind the section's back, in long lists too; and in one short list they
+// keep their numbers, some of which are alike modulo 128.
 TEST(Media, FindsPayloadsWhateverTheirNumbersBecome)
 {
     std::mt19937 random{1};
     const auto below = [&](std::size_t n) { return static_cast<unsigned short>(random() % n); };
-    for (const unsigned int most : {5, 300}) {
+    const struct {
+        unsigned int most;
+        unsigned int stride;
+        unsigned int chance; // one in so many steps changes a number
+    } rows[] = {{5, 1, 4}, {300, 1, 4}, {40, 32, 1000000}, {5, 64, 300}};
+    for (const auto& [most, stride, chance] : rows) {
         SDPMedia m;
         std::vector<SDPMediaPayload*> expected;
         const auto first = [&](unsigned int number) {
             return std::find_if(expected.begin(), expected.end(), [&](auto* p) { return p->payloadNo() == number; });
         };
+        const auto anyNumber = [&, n = most, by = stride](unsigned int more) {
+            return static_cast<unsigned short>(below(n + more) * by);
+        };
         SDPMediaPayload other;
         for (int step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
-            const unsigned short number = below(most);
+            const unsigned short number = anyNumber(0);
             SDPMediaPayload* some = expected.empty() ? nullptr : expected[below(expected.size())];
-            if (some && below(4) == 0) {
+            if (some && below(chance) == 0) {
                 below(4) == 0 ? void(some->setPayload(number, "x/80")) : some->setPayloadNo(number);
-            } else if (some && below(20) == 0) {
+            } else if (some && below(5 * chance) == 0) {
                 other.setPayloadNo(number);
                 *some = other;
-            } else if (some && below(40) == 0) {
+            } else if (some && below(10 * chance) == 0) {
                 some->clear();
             } else {
                 SDPMediaPayload* added = some && below(6) == 0 ? some : newPayload(number);
@@ -254,7 +263,7 @@ TEST(Media, FindsPayloadsWhateverTheirNumbersBecome)
                 expected.push_back(added);
                 EXPECT_EQ(0, m.addMediaPayload(added));
             }
-            const unsigned short asked = below(most + 2);
+            const unsigned short asked = anyNumber(2);
             EXPECT_EQ(first(asked) == expected.end() ? nullptr : *first(asked), m.mediaPayload(asked));
             ASSERT_EQ(expected.size(), m.nMediaPayload());
             for (unsigned int i = below(50); i < expected.size(); i += 50)

@@ -2,14 +2,17 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include <sdp/SDPDesc.h>
 #include <sdp/SDPDescEx.h>
+#include <tovik/PRegEx.h>
 
 #include "support.h"
 
 using namespace test;
 using namespace ym::SDP;
+using ym::PRegEx;
 using ym::String;
 
 namespace {
@@ -162,6 +165,85 @@ TEST(Parser, WarnsOfMoreThanTwoBandwidths)
     EXPECT_EQ(repeated(warning, 30000), testing::internal::GetCapturedStderr());
     EXPECT_EQ(cleared + "m=audio 9 x 0|b=A:1|", generated(d));
     EXPECT_EQ("A0", str(*d.mediaAudio(0)->bandwidthModifire(1)) + std::to_string(d.mediaAudio(0)->nAttr()));
+}
+
+// The groups of a match, each on a line of its own; empty without a match.
+std::string groups(const char* pattern, const std::string& text, const std::vector<int>& which)
+{
+    PRegEx expression(pattern, 0);
+    std::string result;
+    if (expression.match(bytes(text), 0))
+        for (const int group : which)
+            result += str(expression[group]) + "\n";
+    return result;
+}
+
+std::string fields(const std::vector<const String*>& texts)
+{
+    std::string result;
+    for (const String* text : texts)
+        result += str(*text) + "\n";
+    return result;
+}
+
+// Each form of a line says its value as a pattern would, whatever the value is.
+TEST(Parser, TakesValuesApartLikePatterns)
+{
+    const std::string pieces[]
+        = {" ", "\t", "\v", "0", "1", "a", ":", "/", ";", "=", "(", "|", ")", "0 8", "a/80", "=b;"};
+    std::mt19937 random{1};
+    for (int i = 0; i < 20000 && !testing::Test::HasFailure(); ++i) {
+        std::string value;
+        for (auto n = random() % 9; n > 0; --n)
+            value += pieces[random() % std::size(pieces)];
+        SCOPED_TRACE(value);
+
+        const std::string origin = "x 1 2 IN " + value;
+        SDPDescEx d;
+        d.parse(bytes("o=" + origin));
+        const std::string words
+            = groups(R"(^\s*(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s+(\S+)\s*$)", origin, {1, 2, 3, 6});
+        EXPECT_EQ(words.empty() ? "-\n0\n0\n\n" : words,
+                  fields({&d.origUsername(), &d.origSessionId(), &d.origVersion(), &d.origAddress()}));
+
+        EXPECT_EQ(0, d.parse(bytes("b=" + value + "\nk=" + value + "\nt=" + value + "\nc=" + value)));
+        EXPECT_EQ(groups(R"(^(\S+):(\d+)$)", value, {1}),
+                  d.bandwidthModifire().length() > 0 ? fields({&d.bandwidthModifire()}) : "");
+        const std::string key = groups(R"(^([^:]+):{0,1}(\S*)$)", value, {2});
+        EXPECT_EQ(key.empty() ? "\n" : key, fields({&d.encryptionKey()}));
+        PRegEx time(R"(^(\d+)\s+(\d+)$)", 0);
+        const bool isTime = time.match(bytes(value), 0);
+        EXPECT_EQ(isTime ? time[1].toUInt32(nullptr, 10) : 0, d.startTime());
+        EXPECT_EQ(isTime ? time[2].toUInt32(nullptr, 10) : 0, d.stopTime());
+        const std::string address = groups(R"(^\s*(\S+)\s+(\S+)\s+([^(/|\s)]+)/{0,1}(\S*)$)", value, {3});
+        EXPECT_EQ(address.empty() ? "\n" : address, fields({&d.connectionAddress()}));
+
+        const std::string section = "audio" + value;
+        EXPECT_EQ(0, d.parse(bytes("m=" + section)));
+        const std::string transport = groups(R"(^(\S+)\s+(\d+)\s+(\S+)\s+(.*)$)", section, {1, 3});
+        EXPECT_EQ(transport.substr(0, 6) == "audio\n" ? transport : "",
+                  d.hasMedia() ? fields({&d.mediaAudio(0)->media(), &d.mediaAudio(0)->transport()}) : "");
+
+        SDPMediaPayload payload;
+        const std::string mapping = groups(R"(^(\S+)/([^/]\d+)/{0,1}(\S*)$)", value, {1, 3});
+        EXPECT_EQ(mapping.empty() ? -1 : 0, payload.setPayload(bytes(value)));
+        EXPECT_EQ(mapping.empty() ? "\n\n" : mapping, fields({&payload.encoding(), &payload.encodingParam()}));
+
+        payload.clear();
+        PRegEx separator(R"(\s*;\s*)", 0);
+        const std::string list = "x" + value;
+        for (int n = separator.split(bytes(list), 0x7FFFFFFF), at = 0; at < n; ++at) {
+            PRegEx pair(R"(^\s*([^=]*)=\s*(.*)$)", 0);
+            PRegEx trim(R"((.*\S)\s*$)", 0);
+            const bool isPair = pair.match(separator[at], 0);
+            trim.match(pair[1], 0);
+            const String name = isPair ? trim[1] : separator[at];
+            trim.match(pair[2], 0);
+            payload.addFormatParam(name, isPair ? trim[1] : "");
+        }
+        EXPECT_EQ(0, d.parse(bytes("m=audio 9 x 0\na=fmtp:0 " + list)));
+        EXPECT_EQ(generated(payload), generated(*d.mediaAudio(0)->mediaPayload(0U)));
+    }
 }
 
 // Texts of this kind, read in time that grows with the square of their length, would take minutes each.

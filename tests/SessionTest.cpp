@@ -78,6 +78,50 @@ TEST(Session, GeneratesItsLines)
     EXPECT_TRUE(copy.mediaVideo(0) != d.mediaVideo(0) && d.generate(nullptr) == SDP_INVALID_ARGUMENT);
 }
 
+// Whatever was set before, and also if that is where the text comes from.
+TEST(Session, IsReplacedByWhatIsParsed)
+{
+    using D = SDPDescEx;
+    void (*const changes[])(D&) = {[](D& d) { d.setVersion(1); },
+                                   [](D& d) { d.setOrig("", "", "", IN, IP6, "a"); },
+                                   [](D& d) { d.setSessionName("x"); },
+                                   [](D& d) { d.setSessionDesc("x"); },
+                                   [](D& d) { d.setUri("x"); },
+                                   [](D& d) { d.setEmail("x"); },
+                                   [](D& d) { d.setPhone("x"); },
+                                   [](D& d) { d.setConnection(IN, IP4, "a", 1, 1); },
+                                   [](D& d) { d.setBandwidth("AS", 1); },
+                                   [](D& d) { d.setTimezoneAjust("x"); },
+                                   [](D& d) { d.setEncryption(EncryptionMethodUri, "x"); },
+                                   [](D& d) { d.setEncryption("uri", "x"); },
+                                   [](D& d) { d.setTime(1, 1); },
+                                   [](D& d) { d.setRepeat("x"); },
+                                   [](D& d) { d.addAttr("x", ""); },
+                                   [](D& d) { d.addMediaVideo(newMedia("x")); },
+                                   [](D& d) { d.addMediaAudio(newMedia("x")); },
+                                   [](D& d) { d.addMediaApplication(newMedia("x")); },
+                                   [](D& d) { d.parse("e=x"); },
+                                   [](D& d) {
+                                       D other;
+                                       fillAll(other);
+                                       d = other;
+                                   }};
+    for (const auto& change : changes) {
+        D d;
+        change(d);
+        EXPECT_NE(cleared, generated(d));
+        EXPECT_EQ(0, d.parse("b=AS:0"));
+        EXPECT_EQ(cleared, generated(d)) << &change - changes;
+    }
+    D d;
+    d.setSessionName("s=inner\ni=text\nm=audio 9 x 0\n");
+    EXPECT_EQ(0, d.parse(d.sessionName()));
+    EXPECT_EQ("v=0|o=- 0 0   |s=inner|i=text|t=0 0|m=audio 9 x 0|", generated(d));
+    d.mediaAudio(0)->setTransport("s=a text that is longer than a string itself\n");
+    EXPECT_EQ(0, d.parse(d.mediaAudio(0)->transport()));
+    EXPECT_EQ("v=0|o=- 0 0   |s=a text that is longer than a string itself|t=0 0|", generated(d));
+}
+
 TEST(Session, KeepsItsFieldsWhateverIsRefused)
 {
     SDPDescEx d;

@@ -1,5 +1,6 @@
 // Strings, lists of names, streams, lines and the warning.
 #include <algorithm>
+#include <cstring>
 #include <random>
 
 #include <tovik/LineAdapter.h>
@@ -87,6 +88,13 @@ TEST(String, TakesPartsOfItselfAndNulBytes)
     EXPECT_EQ(" moved", str(from) + " " + str(to));
     from = std::move(to);
     EXPECT_EQ("moved ", str(from) + " " + str(to));
+
+    String inPlace = String::inPlace("in place", 8);
+    std::memcpy(inPlace.extend(5), ", not", 5);
+    const char* const room = inPlace.reserve(1000).chars();
+    EXPECT_EQ("in place, not", str(inPlace));
+    EXPECT_EQ(room, inPlace.append(repeated("x", 900).c_str()).chars());
+    EXPECT_EQ("place", str(String::inPlace("place", 5).reserve(3)));
 }
 
 // Operations in random order, beside a plain vector of pairs. The lists grow beyond the length from which on an index
@@ -111,15 +119,23 @@ TEST(NamedList, BehavesLikeAPlainVector)
         EXPECT_EQ(there, list.value(bytes(name), nullptr, n));
         EXPECT_TRUE(n > 0 || there == (list.exist(bytes(name)) != 0));
         const unsigned int at = below(pairs.size() + 2);
-        const unsigned int choice = below(8);
-        if (choice < 3) {
-            const bool within = choice == 0 && at < pairs.size();
+        const unsigned int choice = below(80);
+        if (choice < 20) {
+            const bool within = choice < 5 && at < pairs.size();
             pairs.insert(within ? pairs.begin() + at : pairs.end(), {name, value});
-            list.insert(bytes(name), bytes(value), choice == 0 ? static_cast<int>(at) : -1);
-        } else if (choice < 5) {
+            list.insert(bytes(name), bytes(value), choice < 5 ? static_cast<int>(at) : -1);
+        } else if (choice < 30) {
+            const bool isNew = std::none_of(pairs.begin(), pairs.end(), [&](auto& pair) { return pair.first == name; });
+            if (isNew || n == 0)
+                list.put(name, value);
+            if (isNew)
+                pairs.emplace_back(name, value);
+            else if (n == 0)
+                found->second = value;
+        } else if (choice < 30 + (step % 500 < 250 ? 15 : 35)) {
             EXPECT_EQ(there, list.remove(bytes(name), n));
             pairs.erase(found, there ? found + 1 : found);
-        } else if (choice < 7) {
+        } else if (choice < 79) {
             EXPECT_EQ(there, list.replace(bytes(name), bytes(value), n));
             if (there)
                 found->second = value;
