@@ -44,6 +44,14 @@ TEST(Payload, TakesMappingsApart)
         EXPECT_EQ(0, p.setPayload(65535, bytes(mapping)));
         EXPECT_EQ(is ? "65535," + parts : "7," + old, fields(p)) << row;
         EXPECT_EQ(1U, p.nAttr());
+        if (!is)
+            continue;
+        p.setEncoding(bytes(mapping));
+        EXPECT_EQ(0, p.setPayload(p.encoding()));
+        EXPECT_EQ("65535," + parts, fields(p)) << row;
+        p.setEncodingParam(bytes(mapping));
+        EXPECT_EQ(0, p.setPayload(p.encodingParam()));
+        EXPECT_EQ("65535," + parts, fields(p)) << row;
     }
 }
 

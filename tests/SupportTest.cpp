@@ -107,7 +107,7 @@ TEST(NamedList, BehavesLikeAPlainVector)
     NamedList list(":");
     for (unsigned int step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
         const std::string name = std::string("n\0", 2) + std::to_string(below(step % 4000 < 2000 ? 12 : 40));
-        const std::string value = std::to_string(step) + '\0' + name;
+        const std::string value = std::to_string(step) + '\0' + repeated(name, below(9));
         const unsigned int n = below(3);
         auto found = pairs.begin();
         for (unsigned int left = n; found != pairs.end() && (found->first != name || left-- > 0);)
@@ -172,15 +172,15 @@ TEST(NamedList, HoldsManyNames)
     EXPECT_EQ(0U, list.lines());
 }
 
-// A stream that shows one byte at a time.
-class Trickle : public ym::MemoryIO {
+// A stream that shows few bytes at a time.
+template <unsigned int n> class Trickle : public ym::MemoryIO {
 public:
     using MemoryIO::MemoryIO;
 
     const char* peek(unsigned int* size) override
     {
         const char* const ahead = MemoryIO::peek(size);
-        *size = std::min(*size, 1U);
+        *size = std::min(*size, n);
         return ahead;
     }
 };
@@ -208,7 +208,9 @@ TEST(LineAdapter, CutsATextIntoLines)
           "\r\r\n\nb => |||b|", "a\n\rb => a||b|", "a\r\n\r\nb\n\nc\r\rd => a||b||c||d|", "a0b0\nc => a0b0|c|"}) {
         const auto [text, lines] = sidesOf(replaced(row, "0", std::string(1, '\0')));
         EXPECT_EQ(lines, linesOf<ym::MemoryIO>(text)) << text;
-        EXPECT_EQ(lines, linesOf<Trickle>(text)) << text;
+        EXPECT_EQ(lines, linesOf<Trickle<1>>(text)) << text;
+        EXPECT_EQ(lines, linesOf<Trickle<2>>(text)) << text;
+        EXPECT_EQ(lines, linesOf<Trickle<4>>(text)) << text;
     }
 }
 
