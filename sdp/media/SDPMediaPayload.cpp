@@ -64,11 +64,10 @@ bool readMapping(std::string_view text, Mapping* mapping)
     return true;
 }
 
-// L16/44100/2
-void putMapping(String& out, const State& s)
+// 44100/2
+NameValue rateAndParam(const Digits& clockRate, const State& s)
 {
-    const Digits clockRate = number(s.clockRate);
-    put(out, s.encoding, "/", nameValue(bytesOf(clockRate), "/", view(s.encodingParam)));
+    return nameValue({clockRate.digits, clockRate.length}, "/", view(s.encodingParam));
 }
 
 // a=1;b;c=3
@@ -101,9 +100,8 @@ bool State::setMapping(std::string_view text)
 void State::putLines(String& out) const
 {
     if (hasMapping(*this)) {
-        putBare(out, 'a', "rtpmap:", number(payloadNo.get()), " ");
-        putMapping(out, *this);
-        putLineEnd(out);
+        const Digits rate = number(clockRate);
+        putLine(out, 'a', "rtpmap:", number(payloadNo.get()), " ", encoding, "/", rateAndParam(rate, *this));
     }
     if (formatParams.lines() > 0) {
         putBare(out, 'a', "fmtp:", number(payloadNo.get()), " ");
@@ -193,8 +191,9 @@ int SDPMediaPayload::payload(String* out)
     if (!out)
         return -1;
     out->assign("");
+    const Digits rate = number(impl_->clockRate);
     if (hasMapping(*impl_))
-        putMapping(*out, *impl_);
+        put(*out, impl_->encoding, "/", rateAndParam(rate, *impl_));
     return 0;
 }
 
