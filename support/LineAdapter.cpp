@@ -34,7 +34,7 @@ bool LineAdapter::takeLineEnd()
     return true;
 }
 
-// Any other line that is not empty. The stream may have to be asked for more, and may then take back what it has shown.
+// A line that is not empty. The stream may have to be asked for more, and may then take back what it has shown.
 void LineAdapter::takeLine(const char** line, unsigned int* length)
 {
     parts_.assign("");

@@ -1,6 +1,6 @@
 // The pairs of a list stand in one block of memory: a head, then a slot for each pair, in their order, and from the end
-// of the block towards the slots their texts. A pair that is taken out leaves a gap in both; gaps are closed when they
-// have become as many as the pairs, and when the block is full and makes way for a larger one.
+// of the block towards the slots their texts. A pair that is taken out leaves a gap in both. Gaps between slots are
+// closed when they become too many, those between texts when the block is full and makes way for a larger one.
 #include <tovik/NamedList.h>
 
 #include <algorithm>
@@ -8,6 +8,7 @@
 #include <cstring>
 #include <new>
 #include <set>
+#include <stdexcept>
 #include <string_view>
 
 #include "support/NumberedPlace.h"
@@ -23,16 +24,26 @@ constexpr std::uint32_t shortList = 16;
 // Up to so many bytes a list doubles when it grows; a longer one grows by a half.
 constexpr std::size_t smallList = 256;
 
+// No block can be as long, but the sums that lead to a length stay right.
+constexpr std::size_t longest = ~std::size_t{0} / 2;
+
 struct Slot {
     static constexpr std::size_t nowhere = ~std::size_t{0};
 
-    std::size_t place; // of the name, before the end of the block; the value follows the name
-    std::uint32_t nameLength;
+    std::size_t place;        // of the name, before the end of the block; the value follows the name
+    std::uint32_t nameLength; // of a slot that is gone, the length of the gap that begins or ends here
     std::uint32_t valueLength;
 
     bool isGone() const { return place == nowhere; }
     std::size_t length() const { return std::size_t{nameLength} + valueLength; }
 };
+
+std::size_t sum(std::size_t a, std::size_t b)
+{
+    if (a > longest || b > longest - a)
+        throw std::length_error("ym::NamedList: list too long");
+    return a + b;
+}
 
 void copy(char* to, std::string_view bytes)
 {
@@ -90,6 +101,7 @@ struct NamedList::Pairs {
     Slot& at(std::uint32_t slot) { return reinterpret_cast<Slot*>(this + 1)[slot]; }
     const Slot& at(std::uint32_t slot) const { return const_cast<Pairs*>(this)->at(slot); }
     bool isGone(std::uint32_t slot) const { return at(slot).isGone(); }
+    std::uint32_t gapAt(std::uint32_t slot) const { return isGone(slot) ? at(slot).nameLength : 0; }
 
     char* text(std::size_t before) { return reinterpret_cast<char*>(this + 1) + (room - before); }
     const char* text(std::size_t before) const { return const_cast<Pairs*>(this)->text(before); }
@@ -149,7 +161,7 @@ struct NamedList::Pairs {
 
     std::uint32_t seek(std::uint32_t position)
     {
-        return place.seek(position, nSlots, size(), [this](std::uint32_t slot) { return isGone(slot); });
+        return place.seek(position, nSlots, size(), [this](std::uint32_t slot) { return gapAt(slot); });
     }
 
     // The slot of pair number n of a name, or nSlots.
@@ -166,7 +178,7 @@ struct NamedList::Pairs {
     }
 
     // Needs room for the name and the value, unless the value is no longer than the present one.
-    void setValue(std::uint32_t slot, std::string_view value)
+    void overwrite(std::uint32_t slot, std::string_view value)
     {
         Slot& pair = at(slot);
         if (value.size() > pair.valueLength) {
@@ -184,9 +196,13 @@ struct NamedList::Pairs {
             return false;
         if (index)
             index->entries.erase(findEntry(name, n));
-        at(slot) = {Slot::nowhere, 0, 0};
         ++nGone;
-        place.leave(slot);
+        place.leave(
+            slot, nSlots, [this](std::uint32_t at) { return gapAt(at); },
+            [this](std::uint32_t end, std::uint32_t gap) {
+                at(end) = {Slot::nowhere, gap, 0};
+            });
+        at(slot).place = Slot::nowhere;
         if (nGone > size() + shortList)
             closeGaps();
         return true;
@@ -230,14 +246,16 @@ private:
 
     Entry findEntry(std::string_view name, unsigned int n)
     {
-        auto [entry, end] = index->entries.equal_range(name);
-        while (entry != end && n-- > 0)
+        // Not equal_range, which passes all pairs of the name.
+        const Entry end = index->entries.end();
+        Entry entry = index->entries.lower_bound(name);
+        while (entry != end && this->name(*entry) == name && n-- > 0)
             ++entry;
-        return entry == end ? index->entries.end() : entry;
+        return entry != end && this->name(*entry) == name ? entry : end;
     }
 };
 
-NamedList::NamedList(const char* separator) : separator_(separator) { }
+NamedList::NamedList(const char*) { }
 NamedList::~NamedList() = default;
 
 NamedList& NamedList::operator=(const NamedList& other)
@@ -273,12 +291,13 @@ void NamedList::makeRoom(std::size_t bytes)
 {
     const std::size_t needed = sizeof(Slot) + bytes;
     if (!pairs_) {
-        pairs_ = Pairs::make(2 * needed);
+        pairs_ = Pairs::make(needed + std::min(needed, smallList));
         return;
     }
     const std::size_t present = pairs_->bytes();
-    const std::size_t spare = std::max(present / 2, std::min(present, smallList));
-    auto larger = Pairs::copyOf(*pairs_, needed + spare);
+    const std::size_t more = sum(needed, std::max(present / 2, std::min(present, smallList)));
+    static_cast<void>(sum(sum(present, more), sizeof(Pairs)));
+    auto larger = Pairs::copyOf(*pairs_, more);
     if (pairs_->nGone == 0 && pairs_->index) {
         larger->index = std::move(pairs_->index);
         larger->index->pairs = larger.get();
@@ -288,18 +307,19 @@ void NamedList::makeRoom(std::size_t bytes)
 
 void NamedList::setValue(std::uint32_t slot, std::string_view value)
 {
-    const std::size_t bytes = pairs_->name(slot).size() + value.size();
+    const std::size_t bytes = sum(pairs_->name(slot).size(), value.size());
     if (value.size() > pairs_->value(slot).size() && isFull(bytes)) {
         slot -= pairs_->nGoneBefore(slot);
         makeRoom(bytes);
     }
-    pairs_->setValue(slot, value);
+    pairs_->overwrite(slot, value);
 }
 
 void NamedList::add(std::string_view name, std::string_view value)
 {
-    if (isFull(name.size() + value.size()))
-        makeRoom(name.size() + value.size());
+    const std::size_t bytes = sum(name.size(), value.size());
+    if (isFull(bytes))
+        makeRoom(bytes);
     pairs_->append(name, value);
 }
 

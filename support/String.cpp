@@ -197,7 +197,7 @@ String& String::reserve(unsigned long n)
 
 char* String::extend(unsigned long n)
 {
-    if (capacity_ < length_ || n > capacity_ - length_) // a text in place has none
+    if (isInPlace() || n > capacity_ - length_)
         grow(n);
     char* const end = text_ + length_;
     setLength(length_ + static_cast<unsigned int>(n));

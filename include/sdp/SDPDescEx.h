@@ -195,7 +195,7 @@ public:
     struct YM_HIDDEN SDPDescEx_impl;
 
 private:
-    YM_HIDDEN SDPDescEx_impl& edit(); // the state, for every change but parse and clear
+    YM_HIDDEN SDPDescEx_impl& edit(); // the state, for a change: it is no longer new
 
     std::unique_ptr<SDPDescEx_impl> impl_;
 };

@@ -126,7 +126,7 @@ public:
     void setRecvOnly();
     void setInactive();
 
-    // The private state, and the way of the rest of the library to it.
+    // The private state, and the way of the library itself to it, which is not exported.
     struct YM_HIDDEN SDPMedia_impl;
     YM_HIDDEN SDPMedia_impl& state() { return *impl_; }
     YM_HIDDEN const SDPMedia_impl& state() const { return *impl_; }

@@ -103,7 +103,7 @@ public:
     // write.
     int generate(String* out);
 
-    // The private state, and the way of the rest of the library to it.
+    // The private state, and the way of the library itself to it, which is not exported.
     struct YM_HIDDEN SDPMediaPayload_impl;
     YM_HIDDEN SDPMediaPayload_impl& state() { return *impl_; }
     YM_HIDDEN const SDPMediaPayload_impl& state() const { return *impl_; }

@@ -158,7 +158,7 @@ template <class... Bytes> [[gnu::always_inline]] inline void putBytes(String& ou
     ((to = copy(to, bytes)), ...);
 }
 
-// Pieces are texts, which end at their first NUL, numbers, and names with values.
+// Pieces are strings, which end at their first NUL, other texts, numbers, and names with values.
 template <class... Pieces> [[gnu::always_inline]] inline void put(String& out, const Pieces&... pieces)
 {
     putBytes(out, bytesOf(pieces)...);

@@ -13,43 +13,43 @@ public:
     // Over the objects that are there.
     class iterator {
     public:
-        iterator(void* const* slot, void* const* end) : slot_(slot), end_(end) { skipEmpty(); }
+        iterator(const ObjectSlot* slot, const ObjectSlot* end) : slot_(slot), end_(end) { skipGap(); }
 
-        T& operator*() const { return *static_cast<T*>(*slot_); }
+        T& operator*() const { return *static_cast<T*>(slot_->object()); }
         iterator& operator++()
         {
             ++slot_;
-            skipEmpty();
+            skipGap();
             return *this;
         }
         bool operator!=(const iterator& other) const { return slot_ != other.slot_; }
 
     private:
-        void skipEmpty()
+        void skipGap()
         {
-            while (slot_ != end_ && !*slot_)
-                ++slot_;
+            if (slot_ != end_)
+                slot_ += slot_->gap();
         }
 
-        void* const* slot_;
-        void* const* end_;
+        const ObjectSlot* slot_;
+        const ObjectSlot* end_;
     };
 
     OwnedList() = default;
-    OwnedList(OwnedList&& other) noexcept = default;
+    OwnedList(OwnedList&& other) noexcept : slots_(std::exchange(other.slots_, SlotList())) { }
     ~OwnedList() { clear(); }
 
     OwnedList& operator=(OwnedList&& other) noexcept
     {
         if (this != &other) {
             clear();
-            slots_ = std::move(other.slots_);
+            slots_ = std::exchange(other.slots_, SlotList());
         }
         return *this;
     }
 
-    iterator begin() const { return {slots(), slots() + slots_.slots().size()}; }
-    iterator end() const { return {slots() + slots_.slots().size(), slots() + slots_.slots().size()}; }
+    iterator begin() const { return {first(), last()}; }
+    iterator end() const { return {last(), last()}; }
     unsigned int size() const { return slots_.size(); }
     bool empty() const { return size() == 0; }
 
@@ -73,8 +73,8 @@ public:
     void clear()
     {
         const SlotList gone = std::exchange(slots_, SlotList());
-        for (void* const object : gone.slots())
-            std::unique_ptr<T>(static_cast<T*>(object));
+        for (const ObjectSlot& slot : gone.slots())
+            std::unique_ptr<T>(static_cast<T*>(slot.object()));
     }
 
     // Adds copies of all objects of another list.
@@ -89,7 +89,8 @@ public:
     }
 
 private:
-    void* const* slots() const { return slots_.slots().data(); }
+    const ObjectSlot* first() const { return slots_.slots().data(); }
+    const ObjectSlot* last() const { return first() + slots_.slots().size(); }
 
     SlotList slots_;
 };

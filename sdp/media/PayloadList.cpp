@@ -28,7 +28,7 @@ SDPMediaPayload* PayloadList::findByWalk(unsigned short number)
     if (asAdded_ && !seen_[number % seen_.size()])
         return nullptr;
     const unsigned int n = size();
-    const unsigned int first = asAdded_ ? lastFound_ : 0;
+    const unsigned int first = asAdded_ && lastFound_ < n ? lastFound_ : 0;
     for (unsigned int i = 0; i < n; ++i) {
         const unsigned int index = first + i < n ? first + i : first + i - n;
         SDPMediaPayload* const payload = at(index);
@@ -44,6 +44,7 @@ SDPMediaPayload* PayloadList::findByIndex(unsigned short number)
 {
     if (!numbers_ || renumbered_) {
         auto numbers = std::make_unique<Numbers>();
+        numbers->reserve(size());
         for (SDPMediaPayload& payload : payloads_)
             numbers->emplace(numberOf(payload), &payload);
         numbers_ = std::move(numbers);
@@ -83,10 +84,14 @@ void PayloadList::add(SDPMediaPayload* payload)
 
 void PayloadList::copy(const PayloadList& other)
 {
-    payloads_.copy(other.payloads_);
-    for (SDPMediaPayload& payload : payloads_)
-        payload.state().payloadNo.watch(&renumbered_);
-    renumbered_ = true;
+    renumbered_ = true; // they are not added one after the other
+    payloads_.reserve(size() + other.size());
+    for (const SDPMediaPayload& payload : other) {
+        auto added = std::make_unique<SDPMediaPayload>();
+        *added = payload;
+        added->state().payloadNo.watch(&renumbered_);
+        payloads_.add(std::move(added));
+    }
 }
 
 } // namespace ym::SDP

@@ -13,33 +13,32 @@ constexpr unsigned int shortList = 32; // as fast to walk as to look up
 
 bool SlotList::remove(const void* object)
 {
+    const unsigned int before = size();
     if (!object)
         return false;
-    const std::vector<std::uint32_t> removed = placesOf(object);
-    for (const std::uint32_t slot : removed) {
-        slots_[slot] = nullptr;
-        place_.leave(slot);
-        ++nEmpty_;
-    }
-    if (places_)
-        places_->erase(object);
-    if (nEmpty_ > size() + shortList)
-        closeGaps();
-    return !removed.empty();
-}
-
-std::vector<std::uint32_t> SlotList::placesOf(const void* object)
-{
-    std::vector<std::uint32_t> found;
     if (slots_.size() > shortList && findPlaces()) {
         const auto [first, last] = places_->equal_range(object);
-        std::for_each(first, last, [&](const auto& place) { found.push_back(place.second); });
-        return found;
+        std::for_each(first, last, [this](const auto& place) { empty(place.second); });
+        places_->erase(first, last);
+    } else {
+        for (std::uint32_t slot = 0; slot < slots_.size(); ++slot)
+            if (slots_[slot].object() == object)
+                empty(slot);
     }
-    for (std::uint32_t slot = 0; slot < slots_.size(); ++slot)
-        if (slots_[slot] == object)
-            found.push_back(slot);
-    return found;
+    const bool isRemoved = size() < before;
+    if (nEmpty_ > size() + shortList)
+        closeGaps();
+    return isRemoved;
+}
+
+void SlotList::empty(std::uint32_t slot)
+{
+    place_.leave(
+        slot, static_cast<std::uint32_t>(slots_.size()), [this](std::uint32_t at) { return slots_[at].gap(); },
+        [this](std::uint32_t end, std::uint32_t n) { slots_[end] = ObjectSlot(n); });
+    if (slots_[slot].object())
+        slots_[slot] = ObjectSlot(std::uint32_t{1}); // within a row
+    ++nEmpty_;
 }
 
 // False if there is no memory for them.
@@ -57,8 +56,8 @@ bool SlotList::findPlaces()
 void SlotList::enter(std::size_t slot)
 {
     try {
-        if (slots_[slot])
-            places_->emplace(slots_[slot], static_cast<std::uint32_t>(slot));
+        if (const void* const object = slots_[slot].object())
+            places_->emplace(object, static_cast<std::uint32_t>(slot));
     } catch (const std::bad_alloc&) {
         places_.reset();
     }
@@ -66,7 +65,8 @@ void SlotList::enter(std::size_t slot)
 
 void SlotList::closeGaps()
 {
-    slots_.erase(std::remove(slots_.begin(), slots_.end(), nullptr), slots_.end());
+    const auto isEmpty = [](ObjectSlot slot) { return slot.gap() > 0; };
+    slots_.erase(std::remove_if(slots_.begin(), slots_.end(), isEmpty), slots_.end());
     nEmpty_ = 0;
     place_.forget();
     places_.reset();

@@ -9,28 +9,42 @@
 
 namespace ym::SDP {
 
-// An ordered list of objects of any kind. One that is removed leaves an empty slot; these are closed when they have
-// become as many as the objects.
+// A place in a list: an object, or one of a row of empty places.
+class ObjectSlot {
+public:
+    explicit ObjectSlot(void* object) : content_(reinterpret_cast<std::uintptr_t>(object)) { }
+    explicit ObjectSlot(std::uint32_t gap) : content_(std::uintptr_t{gap} * 2 + 1) { }
+
+    // Null if the place is empty. Objects stand at even addresses.
+    void* object() const { return content_ % 2 == 0 ? reinterpret_cast<void*>(content_) : nullptr; }
+
+    // 0 if there is an object. Else the length of the row, if it begins or ends here.
+    std::uint32_t gap() const { return content_ % 2 == 0 ? 0 : static_cast<std::uint32_t>(content_ / 2); }
+
+private:
+    std::uintptr_t content_;
+};
+
+// An ordered list of objects of any kind, so that the code is there once for all kinds. An object that is removed
+// leaves an empty slot; these are closed when they become too many.
 class SlotList {
 public:
     unsigned int size() const { return static_cast<unsigned int>(slots_.size()) - nEmpty_; }
-
-    // All slots, null where one is empty.
-    const std::vector<void*>& slots() const { return slots_; }
+    const std::vector<ObjectSlot>& slots() const { return slots_; }
 
     // The object at a position, or null. A loop over all positions walks the list once.
     void* at(unsigned int index)
     {
         if (index >= size())
             return nullptr;
-        const auto nSlots = static_cast<std::uint32_t>(slots_.size());
-        return slots_[place_.seek(index, nSlots, size(), [this](std::uint32_t slot) { return !slots_[slot]; })];
+        const auto gapAt = [this](std::uint32_t slot) { return slots_[slot].gap(); };
+        return slots_[place_.seek(index, static_cast<std::uint32_t>(slots_.size()), size(), gapAt)].object();
     }
 
     void reserve(std::size_t n) { slots_.reserve(n); }
     void add(void* object)
     {
-        slots_.push_back(object);
+        slots_.emplace_back(object);
         if (places_)
             enter(slots_.size() - 1);
     }
@@ -41,12 +55,12 @@ public:
 private:
     using Places = std::unordered_multimap<const void*, std::uint32_t>;
 
-    std::vector<std::uint32_t> placesOf(const void* object);
+    void empty(std::uint32_t slot);
     bool findPlaces();
     void enter(std::size_t slot);
     void closeGaps();
 
-    std::vector<void*> slots_;
+    std::vector<ObjectSlot> slots_;
     unsigned int nEmpty_ = 0;
     NumberedPlace place_;
     std::unique_ptr<Places> places_; // of a long list, once an object was removed; or null

@@ -15,7 +15,7 @@ class Lines {
 public:
     explicit Lines(std::string_view text) : text_(text.data()), end_(text.data() + text.size())
     {
-        isReadable_ = cut();
+        isReadable_ = findEnds();
         goTo(text_);
     }
 
@@ -27,7 +27,7 @@ public:
 
     void next()
     {
-        const char* const begin = behind(text_ + ends_[index_]);
+        const char* const begin = nextBegin(text_ + ends_[index_]);
         ++index_;
         goTo(begin);
     }
@@ -37,7 +37,7 @@ public:
     std::string_view value() const { return valueOf(line_); }
 
 private:
-    bool cut()
+    bool findEnds()
     {
         for (const char* begin = text_; begin != end_;) {
             const char* const end = findLineEnd(begin, end_);
@@ -46,13 +46,13 @@ private:
             if (!isLine({begin, static_cast<std::size_t>(end - begin)}))
                 return false;
             ends_.add() = static_cast<std::uint32_t>(end - text_);
-            begin = behind(end);
+            begin = nextBegin(end);
         }
         return true;
     }
 
     // The beginning of the line behind one that ends here.
-    const char* behind(const char* end) const
+    const char* nextBegin(const char* end) const
     {
         if (end_ - end >= 2 && end[0] == '\r' && end[1] == '\n')
             return end + 2;

@@ -42,7 +42,7 @@ void readFormats(std::string_view list, Formats* formats)
 // payload stays, and a long line may do that a million times.
 void keepLastOfEach(Formats* formats)
 {
-    constexpr unsigned int shortList = 64;
+    constexpr unsigned int shortList = 64; // for which this is not worth while
     if (formats->size() <= shortList)
         return;
     std::vector<bool> seen(65536);
@@ -101,7 +101,7 @@ public:
             if (!media)
                 continue;
             if (type == 'c' && !std::exchange(isConnected, true))
-                readConnection(untilNul(lines_.value()), *media);
+                readSectionConnection(untilNul(lines_.value()), *media);
             if (bandwidths.takes(type))
                 readBandwidth(lines_.value(), *media);
             if (attributes.takes(type))
@@ -130,10 +130,10 @@ private:
     }
 
     // c=IN IP4 224.2.1.1/127
-    void readConnection(std::string_view value, SDPMedia& media)
+    void readSectionConnection(std::string_view value, SDPMedia& media)
     {
         ConnectionLine line;
-        if (!SDP::readConnection(value, &line))
+        if (!readConnection(value, &line))
             return;
         text_.assign(line.address);
         if (!line.ttl.empty())

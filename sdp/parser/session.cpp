@@ -3,7 +3,6 @@
 #include <sdp/SDPDescEx.h>
 
 #include <cstdint>
-#include <utility>
 
 #include "sdp/line/Scanner.h"
 #include "sdp/parser/parser.h"
@@ -168,9 +167,11 @@ bool readSession(Lines& lines, Session& s)
 
 int SDPDescEx::parse(const String& text)
 {
-    std::unique_ptr<SDPDescEx_impl> old; // lives on for a while, since the text may be one of its fields
-    if (!impl_->isNew)
-        old = std::exchange(impl_, make<SDPDescEx_impl>());
+    if (!impl_->isNew) {
+        const String copy(text); // which may be one of the fields
+        impl_ = make<SDPDescEx_impl>();
+        return parse(copy);
+    }
     SDPDescEx_impl& session = edit();
     Lines lines(view(text));
     if (lines.areReadable() && readSession(lines, session)) {

@@ -19,7 +19,7 @@ namespace ym {
 // alone where the result is false.
 class YM_EXPORT NamedList {
 public:
-    // An empty list. The separator has no effect on it, and is never read.
+    // An empty list. The separator has no effect on it.
     explicit NamedList(const char* separator);
     ~NamedList();
 
@@ -38,7 +38,7 @@ public:
     int exist(const String& name) const;
 
     // Adds a pair before the one at `position`, or behind the last one if there is no such position (-1, say).
-    // An existing pair of the same name stays as it is.
+    // An existing pair of the same name stays as it is. A pair within the list costs a step for each pair behind it.
     void insert(const String& name, const String& value, int position);
 
     // Changes the value of pair number `index` of a name; the pair keeps its place. False if there is no such pair.
@@ -70,7 +70,6 @@ private:
     YM_HIDDEN bool isFull(std::size_t bytes) const;
     YM_HIDDEN void setValue(std::uint32_t slot, std::string_view value);
 
-    [[maybe_unused]] const char* separator_;
     std::unique_ptr<Pairs> pairs_; // null until something is inserted
 };
 
