@@ -170,6 +170,11 @@ TEST(NamedList, HoldsManyNames)
     for (unsigned long i = 0; i < n; ++i)
         ASSERT_TRUE(list.remove(name.setNum(i), 0));
     EXPECT_EQ(0U, list.lines());
+
+    for (unsigned long i = 0; i < n; ++i)
+        list.add("same", "");
+    for (unsigned int left = n; left > 2; --left)
+        ASSERT_TRUE(list.remove("same", 1) && list.get(&name, nullptr, 0) && list.get(&name, nullptr, 1));
 }
 
 // A stream that shows few bytes at a time.
