@@ -188,13 +188,6 @@ String& String::append(const void* data, unsigned int n)
     return *this;
 }
 
-String& String::reserve(unsigned long n)
-{
-    if (n > capacity_)
-        grow(n > length_ ? n - length_ : 0);
-    return *this;
-}
-
 char* String::extend(unsigned long n)
 {
     if (isInPlace() || n > capacity_ - length_)
@@ -202,6 +195,17 @@ char* String::extend(unsigned long n)
     char* const end = text_ + length_;
     setLength(length_ + static_cast<unsigned int>(n));
     return end;
+}
+
+String& String::shorten(unsigned int n)
+{
+    if (n >= length_)
+        return *this;
+    if (isInPlace())
+        replace(text_, n);
+    else
+        setLength(n);
+    return *this;
 }
 
 String& String::assign(std::string_view bytes)

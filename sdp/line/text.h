@@ -84,7 +84,7 @@ inline bool isEmpty(const String& text)
     return *text.chars() == '\0';
 }
 
-// Put together: pieces of text, one behind the other
+// Put together: pieces of text, one behind the other, at the end of a String or a Writer
 
 inline NameValue nameValue(std::string_view name, std::string_view separator, std::string_view value)
 {
@@ -152,20 +152,21 @@ inline char* copy(char* to, const NameValue& pair)
     return copy(copy(copy(to, pair.name), pair.separator), pair.value);
 }
 
-template <class... Bytes> [[gnu::always_inline]] inline void putBytes(String& out, const Bytes&... bytes)
+template <class Out, class... Bytes> [[gnu::always_inline]] inline void putBytes(Out& out, const Bytes&... bytes)
 {
     char* to = out.extend((std::size_t{0} + ... + lengthOf(bytes)));
     ((to = copy(to, bytes)), ...);
 }
 
 // Pieces are strings, which end at their first NUL, other texts, numbers, and names with values.
-template <class... Pieces> [[gnu::always_inline]] inline void put(String& out, const Pieces&... pieces)
+template <class Out, class... Pieces> [[gnu::always_inline]] inline void put(Out& out, const Pieces&... pieces)
 {
     putBytes(out, bytesOf(pieces)...);
 }
 
 // "x=" and the pieces. A type of 0 adds nothing, like any other NUL.
-template <class... Pieces> [[gnu::always_inline]] inline void putBare(String& out, char type, const Pieces&... pieces)
+template <class Out, class... Pieces>
+[[gnu::always_inline]] inline void putBare(Out& out, char type, const Pieces&... pieces)
 {
     const char head[] = {type, '='};
     put(out, behind({head, sizeof head}, type == '\0' ? 1 : 0), pieces...);
@@ -174,12 +175,13 @@ template <class... Pieces> [[gnu::always_inline]] inline void putBare(String& ou
 // The same, with the line end of the wire.
 constexpr std::string_view lineEnd = "\r\n";
 
-template <class... Pieces> [[gnu::always_inline]] inline void putLine(String& out, char type, const Pieces&... pieces)
+template <class Out, class... Pieces>
+[[gnu::always_inline]] inline void putLine(Out& out, char type, const Pieces&... pieces)
 {
     putBare(out, type, pieces..., lineEnd);
 }
 
-inline void putLineEnd(String& out)
+template <class Out> void putLineEnd(Out& out)
 {
     put(out, lineEnd);
 }

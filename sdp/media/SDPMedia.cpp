@@ -16,6 +16,9 @@ namespace {
 
 constexpr int nSlots = MediaFields::nSlots;
 
+// Of the text of a section.
+constexpr unsigned long usualLength = 400;
+
 } // namespace
 
 SDPMedia::SDPMedia() : impl_(make<SDPMedia_impl>()) { }
@@ -306,7 +309,7 @@ void SDPMedia::setInactive()
 
 // Text out
 
-void SDPMedia::SDPMedia_impl::putLines(String& out) const
+void SDPMedia::SDPMedia_impl::putLines(Writer& out) const
 {
     putBare(out, 'm', media, " ", number(port), " ", transport);
     for (const SDPMediaPayload& payload : payloads)
@@ -328,8 +331,8 @@ int SDPMedia::generate(String* out)
 {
     if (!out)
         return SDP_INVALID_ARGUMENT;
-    out->assign("");
-    impl_->putLines(*out);
+    Writer text(*out, usualLength);
+    impl_->putLines(text);
     return 0;
 }
 

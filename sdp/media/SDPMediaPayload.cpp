@@ -18,6 +18,9 @@ namespace {
 
 using State = SDPMediaPayload::SDPMediaPayload_impl;
 
+// Of the text of a payload.
+constexpr unsigned long usualLength = 100;
+
 bool hasMapping(const State& s)
 {
     return !isEmpty(s.encoding) && s.clockRate != 0;
@@ -71,7 +74,7 @@ NameValue rateAndParam(const Digits& clockRate, const State& s)
 }
 
 // a=1;b;c=3
-void putParams(String& out, const NamedList& params)
+void putParams(Writer& out, const NamedList& params)
 {
     const char* separator = "";
     eachAttr(params, [&](std::string_view name, std::string_view value) {
@@ -97,7 +100,7 @@ bool State::setMapping(std::string_view text)
     return true;
 }
 
-void State::putLines(String& out) const
+void State::putLines(Writer& out) const
 {
     if (hasMapping(*this)) {
         const Digits rate = number(clockRate);
@@ -190,10 +193,10 @@ int SDPMediaPayload::payload(String* out)
 {
     if (!out)
         return -1;
-    out->assign("");
     const Digits rate = number(impl_->clockRate);
+    Writer text(*out, 0);
     if (hasMapping(*impl_))
-        put(*out, impl_->encoding, "/", rateAndParam(rate, *impl_));
+        put(text, impl_->encoding, "/", rateAndParam(rate, *impl_));
     return 0;
 }
 
@@ -334,8 +337,8 @@ int SDPMediaPayload::generate(String* out)
 {
     if (!out)
         return -1;
-    out->assign("");
-    impl_->putLines(*out);
+    Writer text(*out, usualLength);
+    impl_->putLines(text);
     return -1;
 }
 

@@ -8,6 +8,8 @@
 #include <tovik/NamedList.h>
 #include <tovik/String.h>
 
+#include "sdp/line/Writer.h"
+
 namespace ym::SDP {
 
 // A payload number that tells when it changes. Who is told belongs to the place of the number, not to its value, and
@@ -54,7 +56,7 @@ struct SDPMediaPayload::SDPMediaPayload_impl {
     bool setMapping(std::string_view text);
 
     // Adds the lines of this payload: "a=rtpmap:", "a=fmtp:" and one for each attribute.
-    void putLines(String& out) const;
+    void putLines(Writer& out) const;
 };
 
 } // namespace ym::SDP

@@ -35,7 +35,7 @@ struct SDPMedia::SDPMedia_impl : MediaFields {
     void clear() { *this = SDPMedia_impl(); }
 
     // Adds the lines of this section.
-    void putLines(String& out) const;
+    void putLines(Writer& out) const;
 };
 
 } // namespace ym::SDP

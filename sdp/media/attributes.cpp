@@ -14,7 +14,7 @@ int attrAt(const NamedList& list, unsigned int index, String* name, String* valu
     return list.get(name, value, index) ? 0 : -1;
 }
 
-void putAttrLines(String& out, const NamedList& list)
+void putAttrLines(Writer& out, const NamedList& list)
 {
     eachAttr(list,
              [&](std::string_view name, std::string_view value) { putLine(out, 'a', nameValue(name, ":", value)); });

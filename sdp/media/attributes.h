@@ -7,6 +7,8 @@
 #include <tovik/NamedList.h>
 #include <tovik/String.h>
 
+#include "sdp/line/Writer.h"
+
 namespace ym::SDP {
 
 // The value of the first entry of a name. 0, or -1 if there is none.
@@ -25,6 +27,6 @@ template <class Visit> void eachAttr(const NamedList& list, Visit visit)
 }
 
 // Writes one "a=" line for each entry, in order.
-void putAttrLines(String& out, const NamedList& list);
+void putAttrLines(Writer& out, const NamedList& list);
 
 } // namespace ym::SDP

@@ -4,26 +4,26 @@
 
 namespace ym::SDP {
 
-void putConnection(String& out, const Connection& connection, std::string_view suffix)
+void putConnection(Writer& out, const Connection& connection, std::string_view suffix)
 {
     if (connection.isSet())
         putLine(out, 'c', networkTypeStr(connection.netType), " ", addressTypeStr(connection.addrType), " ",
                 connection.address, suffix);
 }
 
-void putBandwidth(String& out, const Bandwidth& bandwidth)
+void putBandwidth(Writer& out, const Bandwidth& bandwidth)
 {
     if (bandwidth.isSet())
         putLine(out, 'b', bandwidth.modifier, ":", number(bandwidth.value));
 }
 
-void putEncryption(String& out, const Encryption& encryption)
+void putEncryption(Writer& out, const Encryption& encryption)
 {
     if (encryption.isSet())
         putLine(out, 'k', nameValue(encryptionMethodStr(encryption.method), ":", view(encryption.key)));
 }
 
-void putText(String& out, char type, const String& text)
+void putText(Writer& out, char type, const String& text)
 {
     if (!isEmpty(text))
         putLine(out, type, text);

@@ -8,6 +8,7 @@
 #include <sdp/vocabulary.h>
 #include <tovik/String.h>
 
+#include "sdp/line/Writer.h"
 #include "sdp/line/text.h"
 
 namespace ym::SDP {
@@ -78,11 +79,11 @@ struct Encryption {
 };
 
 // Their lines, each written only if it is set. What stands behind the address of a session's connection is `suffix`.
-void putConnection(String& out, const Connection& connection, std::string_view suffix = {});
-void putBandwidth(String& out, const Bandwidth& bandwidth);
-void putEncryption(String& out, const Encryption& encryption);
+void putConnection(Writer& out, const Connection& connection, std::string_view suffix = {});
+void putBandwidth(Writer& out, const Bandwidth& bandwidth);
+void putEncryption(Writer& out, const Encryption& encryption);
 
 // A line that is a single text.
-void putText(String& out, char type, const String& text);
+void putText(Writer& out, char type, const String& text);
 
 } // namespace ym::SDP

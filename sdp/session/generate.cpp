@@ -15,14 +15,14 @@ namespace {
 // So that most texts do not have to grow step by step.
 constexpr unsigned long usualLength = 1000;
 
-void putOrigin(String& out, const Origin& origin)
+void putOrigin(Writer& out, const Origin& origin)
 {
     putLine(out, 'o', origin.username, " ", origin.sessionId, " ", origin.version, " ", networkTypeStr(origin.netType),
             " ", addressTypeStr(origin.addrType), " ", origin.address);
 }
 
 // What stands behind the address: nothing, /127 or /127/3
-void putSessionConnection(String& out, const SessionFields& s)
+void putSessionConnection(Writer& out, const SessionFields& s)
 {
     String suffix;
     if (s.connectionTTL != 0)
@@ -32,7 +32,7 @@ void putSessionConnection(String& out, const SessionFields& s)
     putConnection(out, s.connection, view(suffix));
 }
 
-void putSections(String& out, OwnedList<SDPMedia>& sections)
+void putSections(Writer& out, OwnedList<SDPMedia>& sections)
 {
     for (const SDPMedia& section : sections)
         section.state().putLines(out);
@@ -44,25 +44,24 @@ int SDPDescEx::generate(String* text)
 {
     if (!text)
         return SDP_INVALID_ARGUMENT;
-    text->assign("");
-    text->reserve(usualLength);
-    putLine(*text, 'v', number(impl_->version));
-    putOrigin(*text, impl_->origin);
-    putText(*text, 's', impl_->sessionName);
-    putText(*text, 'i', impl_->sessionDesc);
-    putText(*text, 'u', impl_->uri);
-    putText(*text, 'e', impl_->email);
-    putText(*text, 'p', impl_->phone);
-    putSessionConnection(*text, *impl_);
-    putBandwidth(*text, impl_->bandwidth);
-    putText(*text, 'z', impl_->timezoneAjust);
-    putEncryption(*text, impl_->encryption);
-    putLine(*text, 't', number(impl_->startTime), " ", number(impl_->stopTime));
-    putText(*text, 'r', impl_->repeat);
-    putAttrLines(*text, impl_->attrs);
-    putSections(*text, impl_->audios);
-    putSections(*text, impl_->videos);
-    putSections(*text, impl_->applications);
+    Writer out(*text, usualLength);
+    putLine(out, 'v', number(impl_->version));
+    putOrigin(out, impl_->origin);
+    putText(out, 's', impl_->sessionName);
+    putText(out, 'i', impl_->sessionDesc);
+    putText(out, 'u', impl_->uri);
+    putText(out, 'e', impl_->email);
+    putText(out, 'p', impl_->phone);
+    putSessionConnection(out, *impl_);
+    putBandwidth(out, impl_->bandwidth);
+    putText(out, 'z', impl_->timezoneAjust);
+    putEncryption(out, impl_->encryption);
+    putLine(out, 't', number(impl_->startTime), " ", number(impl_->stopTime));
+    putText(out, 'r', impl_->repeat);
+    putAttrLines(out, impl_->attrs);
+    putSections(out, impl_->audios);
+    putSections(out, impl_->videos);
+    putSections(out, impl_->applications);
     return 0;
 }
 

@@ -45,11 +45,11 @@ public:
     // Adds `n` bytes at the end, NUL bytes among them too.
     String& append(const void* data, unsigned int n);
 
-    // Sees to it that the text can grow to `n` bytes without more memory. Changes no byte.
-    String& reserve(unsigned long n);
-
     // Adds room for `n` bytes at the end and gives its beginning. The caller fills all of it before any other use.
     char* extend(unsigned long n);
+
+    // Cuts the text to its first `n` bytes. A text that is not longer stays as it is.
+    String& shorten(unsigned int n);
 
     // Replaces the content by a text.
     String& assign(const char* text);

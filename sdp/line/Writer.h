@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include <tovik/String.h>
+
+namespace ym::SDP {
+
+// Replaces a text, piece by piece. The string is longer meanwhile, so that most pieces find room, and is cut at the
+// end.
+class Writer {
+public:
+    // `room` is what the text is likely to need.
+    Writer(String& text, unsigned long room) : text_(text.assign("")) { grow(room); }
+    ~Writer() { text_.shorten(used()); }
+
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+
+    // Adds `n` bytes and gives their beginning. The caller writes all of them.
+    char* extend(std::size_t n)
+    {
+        if (n > static_cast<std::size_t>(end_ - at_))
+            grow(n);
+        char* const begin = at_;
+        at_ += n;
+        return begin;
+    }
+
+private:
+    unsigned int used() const { return static_cast<unsigned int>(at_ - text_.chars()); }
+
+    [[gnu::noinline]] void grow(unsigned long n)
+    {
+        const unsigned long more = std::max<unsigned long>(n, at_ ? used() : 0);
+        if (at_)
+            text_.shorten(used());
+        at_ = text_.extend(more);
+        end_ = at_ + more;
+    }
+
+    String& text_;
+    char* at_ = nullptr;
+    char* end_ = nullptr;
+};
+
+} // namespace ym::SDP
