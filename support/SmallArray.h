@@ -17,12 +17,26 @@ public:
     SmallArray(const SmallArray&) = delete;
     SmallArray& operator=(const SmallArray&) = delete;
 
+    // Moving leaves `other` empty.
+    SmallArray(SmallArray&& other) noexcept { *this = std::move(other); }
+    SmallArray& operator=(SmallArray&& other) noexcept
+    {
+        if (!other.more_)
+            std::copy_n(other.first_, other.size_, first_);
+        size_ = std::exchange(other.size_, 0);
+        capacity_ = std::exchange(other.capacity_, N);
+        more_ = std::move(other.more_);
+        return *this;
+    }
+
     unsigned int size() const { return size_; }
     unsigned int capacity() const { return capacity_; }
     T* data() { return more_ ? more_.get() : first_; }
     const T* data() const { return more_ ? more_.get() : first_; }
     T& operator[](unsigned int i) { return data()[i]; }
     const T& operator[](unsigned int i) const { return data()[i]; }
+    const T* begin() const { return data(); }
+    const T* end() const { return data() + size_; }
     T& back() { return (*this)[size_ - 1]; }
 
     void clear() { size_ = 0; }
@@ -37,10 +51,16 @@ public:
 
     void drop() { --size_; }
 
+    // Makes room for so many elements in all.
+    void reserve(unsigned int capacity)
+    {
+        if (capacity > capacity_)
+            grow(capacity);
+    }
+
     void resize(unsigned int size)
     {
-        if (size > capacity_)
-            grow(size);
+        reserve(size);
         size_ = size;
     }
 

@@ -36,20 +36,20 @@ public:
     };
 
     OwnedList() = default;
-    OwnedList(OwnedList&& other) noexcept : slots_(std::exchange(other.slots_, SlotList())) { }
+    OwnedList(OwnedList&& other) noexcept { *this = std::move(other); }
     ~OwnedList() { clear(); }
 
     OwnedList& operator=(OwnedList&& other) noexcept
     {
         if (this != &other) {
             clear();
-            slots_ = std::exchange(other.slots_, SlotList());
+            std::swap(slots_, other.slots_);
         }
         return *this;
     }
 
-    iterator begin() const { return {first(), last()}; }
-    iterator end() const { return {last(), last()}; }
+    iterator begin() const { return {slots_.slots().begin(), slots_.slots().end()}; }
+    iterator end() const { return {slots_.slots().end(), slots_.slots().end()}; }
     unsigned int size() const { return slots_.size(); }
     bool empty() const { return size() == 0; }
 
@@ -57,7 +57,7 @@ public:
     T* at(unsigned int index) { return static_cast<T*>(slots_.at(index)); }
 
     // Makes room for so many objects in all.
-    void reserve(std::size_t n) { slots_.reserve(n); }
+    void reserve(unsigned int n) { slots_.reserve(n); }
 
     void add(std::unique_ptr<T> object)
     {
@@ -72,7 +72,8 @@ public:
     // Destroys all objects, the first one first.
     void clear()
     {
-        const SlotList gone = std::exchange(slots_, SlotList());
+        SlotList gone;
+        std::swap(gone, slots_);
         for (const ObjectSlot& slot : gone.slots())
             std::unique_ptr<T>(static_cast<T*>(slot.object()));
     }
@@ -89,9 +90,6 @@ public:
     }
 
 private:
-    const ObjectSlot* first() const { return slots_.slots().data(); }
-    const ObjectSlot* last() const { return first() + slots_.slots().size(); }
-
     SlotList slots_;
 };
 

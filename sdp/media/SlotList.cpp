@@ -34,7 +34,7 @@ bool SlotList::remove(const void* object)
 void SlotList::empty(std::uint32_t slot)
 {
     place_.leave(
-        slot, static_cast<std::uint32_t>(slots_.size()), [this](std::uint32_t at) { return slots_[at].gap(); },
+        slot, slots_.size(), [this](std::uint32_t at) { return slots_[at].gap(); },
         [this](std::uint32_t end, std::uint32_t n) { slots_[end] = ObjectSlot(n); });
     if (slots_[slot].object())
         slots_[slot] = ObjectSlot(std::uint32_t{1}); // within a row
@@ -47,17 +47,17 @@ bool SlotList::findPlaces()
     if (places_)
         return true;
     places_.reset(new (std::nothrow) Places);
-    for (std::size_t slot = 0; places_ && slot < slots_.size(); ++slot)
+    for (std::uint32_t slot = 0; places_ && slot < slots_.size(); ++slot)
         enter(slot);
     return places_ != nullptr;
 }
 
 // An index that lacks an object would deny what the list holds; rather none than that.
-void SlotList::enter(std::size_t slot)
+void SlotList::enter(std::uint32_t slot)
 {
     try {
         if (const void* const object = slots_[slot].object())
-            places_->emplace(object, static_cast<std::uint32_t>(slot));
+            places_->emplace(object, slot);
     } catch (const std::bad_alloc&) {
         places_.reset();
     }
@@ -66,7 +66,8 @@ void SlotList::enter(std::size_t slot)
 void SlotList::closeGaps()
 {
     const auto isEmpty = [](ObjectSlot slot) { return slot.gap() > 0; };
-    slots_.erase(std::remove_if(slots_.begin(), slots_.end(), isEmpty), slots_.end());
+    ObjectSlot* const end = slots_.data() + slots_.size();
+    slots_.resize(static_cast<unsigned int>(std::remove_if(slots_.data(), end, isEmpty) - slots_.data()));
     nEmpty_ = 0;
     place_.forget();
     places_.reset();

@@ -3,15 +3,16 @@
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 #include "support/NumberedPlace.h"
+#include "support/SmallArray.h"
 
 namespace ym::SDP {
 
 // A place in a list: an object, or one of a row of empty places.
 class ObjectSlot {
 public:
+    ObjectSlot() = default;
     explicit ObjectSlot(void* object) : content_(reinterpret_cast<std::uintptr_t>(object)) { }
     explicit ObjectSlot(std::uint32_t gap) : content_(std::uintptr_t{gap} * 2 + 1) { }
 
@@ -29,8 +30,10 @@ private:
 // leaves an empty slot; these are closed when they become too many.
 class SlotList {
 public:
-    unsigned int size() const { return static_cast<unsigned int>(slots_.size()) - nEmpty_; }
-    const std::vector<ObjectSlot>& slots() const { return slots_; }
+    using Slots = SmallArray<ObjectSlot, 4>;
+
+    unsigned int size() const { return slots_.size() - nEmpty_; }
+    const Slots& slots() const { return slots_; }
 
     // The object at a position, or null. A loop over all positions walks the list once.
     void* at(unsigned int index)
@@ -38,13 +41,13 @@ public:
         if (index >= size())
             return nullptr;
         const auto gapAt = [this](std::uint32_t slot) { return slots_[slot].gap(); };
-        return slots_[place_.seek(index, static_cast<std::uint32_t>(slots_.size()), size(), gapAt)].object();
+        return slots_[place_.seek(index, slots_.size(), size(), gapAt)].object();
     }
 
-    void reserve(std::size_t n) { slots_.reserve(n); }
+    void reserve(unsigned int n) { slots_.reserve(n); }
     void add(void* object)
     {
-        slots_.emplace_back(object);
+        slots_.add() = ObjectSlot(object);
         if (places_)
             enter(slots_.size() - 1);
     }
@@ -57,10 +60,10 @@ private:
 
     void empty(std::uint32_t slot);
     bool findPlaces();
-    void enter(std::size_t slot);
+    void enter(std::uint32_t slot);
     void closeGaps();
 
-    std::vector<ObjectSlot> slots_;
+    Slots slots_;
     unsigned int nEmpty_ = 0;
     NumberedPlace place_;
     std::unique_ptr<Places> places_; // of a long list, once an object was removed; or null
