@@ -62,7 +62,7 @@ struct NamedList::Pairs {
 
             const Index* index;
 
-            std::string_view name(std::string_view text) const { return text; }
+            static std::string_view name(std::string_view text) { return text; }
             std::string_view name(std::uint32_t slot) const { return index->pairs->name(slot); }
             template <class A, class B> bool operator()(const A& a, const B& b) const { return name(a) < name(b); }
         };
@@ -244,7 +244,7 @@ private:
         return index != nullptr;
     }
 
-    Entry findEntry(std::string_view name, unsigned int n)
+    Entry findEntry(std::string_view name, unsigned int n) const
     {
         // Not equal_range, which passes all pairs of the name.
         const Entry end = index->entries.end();

@@ -15,7 +15,7 @@ public:
     public:
         iterator(const ObjectSlot* slot, const ObjectSlot* end) : slot_(slot), end_(end) { skipGap(); }
 
-        T& operator*() const { return *static_cast<T*>(slot_->object()); }
+        T& operator*() const { return *static_cast<T*>(slot_->object); }
         iterator& operator++()
         {
             ++slot_;
@@ -28,7 +28,7 @@ public:
         void skipGap()
         {
             if (slot_ != end_)
-                slot_ += slot_->gap();
+                slot_ += slot_->gap;
         }
 
         const ObjectSlot* slot_;
@@ -75,7 +75,7 @@ public:
         SlotList gone;
         std::swap(gone, slots_);
         for (const ObjectSlot& slot : gone.slots())
-            std::unique_ptr<T>(static_cast<T*>(slot.object()));
+            std::unique_ptr<T>(static_cast<T*>(slot.object));
     }
 
     // Adds copies of all objects of another list.

@@ -22,7 +22,7 @@ bool SlotList::remove(const void* object)
         places_->erase(first, last);
     } else {
         for (std::uint32_t slot = 0; slot < slots_.size(); ++slot)
-            if (slots_[slot].object() == object)
+            if (slots_[slot].object == object)
                 empty(slot);
     }
     const bool isRemoved = size() < before;
@@ -34,10 +34,11 @@ bool SlotList::remove(const void* object)
 void SlotList::empty(std::uint32_t slot)
 {
     place_.leave(
-        slot, slots_.size(), [this](std::uint32_t at) { return slots_[at].gap(); },
-        [this](std::uint32_t end, std::uint32_t n) { slots_[end] = ObjectSlot(n); });
-    if (slots_[slot].object())
-        slots_[slot] = ObjectSlot(std::uint32_t{1}); // within a row
+        slot, slots_.size(), [this](std::uint32_t at) { return slots_[at].gap; },
+        [this](std::uint32_t end, std::uint32_t n) {
+            slots_[end] = {nullptr, n};
+        });
+    slots_[slot].object = nullptr;
     ++nEmpty_;
 }
 
@@ -56,7 +57,7 @@ bool SlotList::findPlaces()
 void SlotList::enter(std::uint32_t slot)
 {
     try {
-        if (const void* const object = slots_[slot].object())
+        if (const void* const object = slots_[slot].object)
             places_->emplace(object, slot);
     } catch (const std::bad_alloc&) {
         places_.reset();
@@ -65,7 +66,7 @@ void SlotList::enter(std::uint32_t slot)
 
 void SlotList::closeGaps()
 {
-    const auto isEmpty = [](ObjectSlot slot) { return slot.gap() > 0; };
+    const auto isEmpty = [](ObjectSlot slot) { return !slot.object; };
     ObjectSlot* const end = slots_.data() + slots_.size();
     slots_.resize(static_cast<unsigned int>(std::remove_if(slots_.data(), end, isEmpty) - slots_.data()));
     nEmpty_ = 0;

@@ -9,21 +9,10 @@
 
 namespace ym::SDP {
 
-// A place in a list: an object, or one of a row of empty places.
-class ObjectSlot {
-public:
-    ObjectSlot() = default;
-    explicit ObjectSlot(void* object) : content_(reinterpret_cast<std::uintptr_t>(object)) { }
-    explicit ObjectSlot(std::uint32_t gap) : content_(std::uintptr_t{gap} * 2 + 1) { }
-
-    // Null if the place is empty. Objects stand at even addresses.
-    void* object() const { return content_ % 2 == 0 ? reinterpret_cast<void*>(content_) : nullptr; }
-
-    // 0 if there is an object. Else the length of the row, if it begins or ends here.
-    std::uint32_t gap() const { return content_ % 2 == 0 ? 0 : static_cast<std::uint32_t>(content_ / 2); }
-
-private:
-    std::uintptr_t content_;
+// A place in a list: an object, or one of a row of empty places, which have none.
+struct ObjectSlot {
+    void* object;
+    std::uint32_t gap; // the length of the row, if it begins or ends here; 0 if there is an object
 };
 
 // An ordered list of objects of any kind, so that the code is there once for all kinds. An object that is removed
@@ -40,14 +29,14 @@ public:
     {
         if (index >= size())
             return nullptr;
-        const auto gapAt = [this](std::uint32_t slot) { return slots_[slot].gap(); };
-        return slots_[place_.seek(index, slots_.size(), size(), gapAt)].object();
+        const auto gapAt = [this](std::uint32_t slot) { return slots_[slot].gap; };
+        return slots_[place_.seek(index, slots_.size(), size(), gapAt)].object;
     }
 
     void reserve(unsigned int n) { slots_.reserve(n); }
     void add(void* object)
     {
-        slots_.add() = ObjectSlot(object);
+        slots_.add() = {object, 0};
         if (places_)
             enter(slots_.size() - 1);
     }

@@ -62,9 +62,9 @@ SDPMediaPayload* addPayloads(SDPMedia& media, const Formats& formats)
 {
     SDPMediaPayload* last = nullptr;
     media.state().payloads.reserve(formats.size());
-    for (unsigned int i = 0; i < formats.size(); ++i) {
+    for (const std::uint16_t number : formats) {
         auto payload = std::make_unique<SDPMediaPayload>();
-        payload->state().payloadNo.set(formats[i]);
+        payload->state().payloadNo.set(number);
         last = payload.release();
         media.addMediaPayload(last);
     }

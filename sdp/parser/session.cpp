@@ -168,7 +168,8 @@ bool readSession(Lines& lines, Session& s)
 int SDPDescEx::parse(const String& text)
 {
     if (!impl_->isNew) {
-        const String copy(text); // which may be one of the fields
+        String copy; // the text may be one of the fields
+        copy.assign(view(text));
         impl_ = make<SDPDescEx_impl>();
         return parse(copy);
     }
