@@ -31,8 +31,8 @@ need() {
     fi
 }
 
-# Builds what measures the library, into build/bench.
+# Builds what measures the library, into build/bench. The standard output is left to the figures.
 build_bench() {
-    cmake --preset release -B build/bench -DYM_SDP_BUILD_BENCH=ON -DYM_SDP_BUILD_TOOL=OFF -DBUILD_TESTING=OFF
-    cmake --build build/bench
+    cmake --preset release -B build/bench -DYM_SDP_BUILD_BENCH=ON -DYM_SDP_BUILD_TOOL=OFF -DBUILD_TESTING=OFF >&2
+    cmake --build build/bench >&2
 }

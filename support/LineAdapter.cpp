@@ -56,12 +56,11 @@ bool LineAdapter::takePlainLine(const char** line, unsigned int* length)
     const char* const lineEnd = findLineEnd(at_, end_);
     if (lineEnd == at_ || lineEnd == end_)
         return false;
-    const bool isReturn = *lineEnd == '\r';
-    if (isReturn && lineEnd + 1 == end_)
+    if (*lineEnd == '\r' && lineEnd + 1 == end_)
         return false; // a line feed may be still to come
     *line = at_;
     *length = static_cast<unsigned int>(lineEnd - at_);
-    at_ = lineEnd + (isReturn && lineEnd[1] == '\n' ? 2 : 1);
+    at_ = behindLineEnd(lineEnd, end_);
     return true;
 }
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <new>
 #include <set>
 #include <stdexcept>
@@ -24,7 +23,7 @@ constexpr std::uint32_t shortList = 16;
 // Up to so many bytes a list doubles when it grows; a longer one grows by a half.
 constexpr std::size_t smallList = 256;
 
-// No block can be as long, but the sums that lead to a length stay right.
+// No block can be longer.
 constexpr std::size_t longest = ~std::size_t{0} / 2;
 
 struct Slot {
@@ -43,12 +42,6 @@ std::size_t sum(std::size_t a, std::size_t b)
     if (a > longest || b > longest - a)
         throw std::length_error("ym::NamedList: list too long");
     return a + b;
-}
-
-void copy(char* to, std::string_view bytes)
-{
-    if (!bytes.empty())
-        std::memcpy(to, bytes.data(), bytes.size());
 }
 
 } // namespace
@@ -83,13 +76,13 @@ struct NamedList::Pairs {
 
     static std::unique_ptr<Pairs> make(std::size_t room)
     {
-        return std::unique_ptr<Pairs>(::new (::operator new(sizeof(Pairs) + room)) Pairs(room));
+        return std::unique_ptr<Pairs>(::new (::operator new(sum(sizeof(Pairs), room))) Pairs(room));
     }
 
-    // A block for what is left of the other and for so much more, with all of it in.
-    static std::unique_ptr<Pairs> copyOf(const Pairs& other, std::size_t more)
+    // A block with room for the pairs of the other at least, and with all of them in.
+    static std::unique_ptr<Pairs> copyOf(const Pairs& other, std::size_t room)
     {
-        auto pairs = make(other.bytes() + more);
+        auto pairs = make(room);
         for (std::uint32_t slot = 0; slot < other.nSlots; ++slot)
             if (!other.isGone(slot))
                 pairs->append(other.name(slot), other.value(slot));
@@ -117,11 +110,11 @@ struct NamedList::Pairs {
     // What a block needs that holds the pairs without gaps.
     std::size_t bytes() const
     {
-        std::size_t sum = 0;
+        std::size_t n = 0;
         for (std::uint32_t slot = 0; slot < nSlots; ++slot)
             if (!isGone(slot))
-                sum += sizeof(Slot) + at(slot).length();
-        return sum;
+                n += sizeof(Slot) + at(slot).length();
+        return n;
     }
 
     std::uint32_t nGoneBefore(std::uint32_t end) const
@@ -136,8 +129,7 @@ struct NamedList::Pairs {
     Slot write(std::string_view name, std::string_view value)
     {
         written += name.size() + value.size();
-        copy(text(written), name);
-        copy(text(written) + name.size(), value);
+        copy(copy(text(written), name), value);
         return {written, static_cast<std::uint32_t>(name.size()), static_cast<std::uint32_t>(value.size())};
     }
 
@@ -261,7 +253,7 @@ NamedList::~NamedList() = default;
 NamedList& NamedList::operator=(const NamedList& other)
 {
     if (this != &other)
-        pairs_ = other.lines() > 0 ? Pairs::copyOf(*other.pairs_, 0) : nullptr;
+        pairs_ = other.lines() > 0 ? Pairs::copyOf(*other.pairs_, other.pairs_->bytes()) : nullptr;
     return *this;
 }
 
@@ -295,9 +287,8 @@ void NamedList::makeRoom(std::size_t bytes)
         return;
     }
     const std::size_t present = pairs_->bytes();
-    const std::size_t more = sum(needed, std::max(present / 2, std::min(present, smallList)));
-    static_cast<void>(sum(sum(present, more), sizeof(Pairs)));
-    auto larger = Pairs::copyOf(*pairs_, more);
+    const std::size_t spare = std::max(present / 2, std::min(present, smallList));
+    auto larger = Pairs::copyOf(*pairs_, sum(sum(present, spare), needed));
     if (pairs_->nGone == 0 && pairs_->index) {
         larger->index = std::move(pairs_->index);
         larger->index->pairs = larger.get();
@@ -333,7 +324,7 @@ void NamedList::insert(const String& name, const String& value, int position)
 
 bool NamedList::replace(const String& name, const String& value, unsigned int index)
 {
-    std::uint32_t slot = pairs_ ? pairs_->find(view(name), index) : 0;
+    const std::uint32_t slot = pairs_ ? pairs_->find(view(name), index) : 0;
     if (!pairs_ || slot == pairs_->nSlots)
         return false;
     setValue(slot, view(value));

@@ -128,7 +128,7 @@ String::String(const char* text) : text_(own_), length_(0), capacity_(ownCapacit
     if (n > ownCapacity)
         replaceLong(text, n);
     else
-        std::memcpy(own_, n > 0 ? text : "", n + 1);
+        std::memcpy(own_, text ? text : "", n + 1);
     length_ = static_cast<unsigned int>(n);
 }
 

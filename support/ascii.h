@@ -15,13 +15,6 @@ inline bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// What stands behind the first `n` bytes, of which there must be so many.
-inline std::string_view behind(std::string_view text, std::size_t n)
-{
-    text.remove_prefix(n);
-    return text;
-}
-
 inline std::string_view withoutSpaceBefore(std::string_view text)
 {
     while (!text.empty() && isSpace(text.front()))

@@ -41,4 +41,12 @@ inline const char* findLineEnd(const char* begin, const char* end)
     }
 }
 
+// The place behind a line end that stands here. At `end` there is none, and nothing behind it.
+inline const char* behindLineEnd(const char* at, const char* end)
+{
+    if (end - at >= 2 && at[0] == '\r' && at[1] == '\n')
+        return at + 2;
+    return at == end ? end : at + 1;
+}
+
 } // namespace ym

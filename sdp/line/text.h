@@ -9,7 +9,7 @@
 
 #include <tovik/String.h>
 
-#include "support/ascii.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -20,21 +20,25 @@ inline char typeOf(const String& line)
     return line.chars()[0];
 }
 
-// A bit for each of some lower-case letters.
-constexpr std::uint32_t lettersOf(std::string_view letters)
+// A bit for each lower-case letter, which the type of a line is.
+constexpr std::uint32_t bitOf(char type)
 {
-    std::uint32_t set = 0;
-    for (const char c : letters)
-        set |= std::uint32_t{1} << (c - 'a');
-    return set;
+    return std::uint32_t{1} << (type - 'a');
+}
+
+constexpr std::uint32_t bitsOf(std::string_view types)
+{
+    std::uint32_t bits = 0;
+    for (const char type : types)
+        bits |= bitOf(type);
+    return bits;
 }
 
 // Whether a text is a line of a description: of a type that there is, and with a value, empty or not.
 inline bool isLine(std::string_view text)
 {
-    constexpr std::uint32_t types = lettersOf("vosiuepcbzktram");
-    return text.size() >= 2 && text[1] == '=' && text[0] >= 'a' && text[0] <= 'z'
-        && (types >> (text[0] - 'a') & 1) != 0;
+    constexpr std::uint32_t types = bitsOf("vosiuepcbzktram");
+    return text.size() >= 2 && text[1] == '=' && text[0] >= 'a' && text[0] <= 'z' && (types & bitOf(text[0])) != 0;
 }
 
 // Whether the line has a place for a value, empty or not.
@@ -140,12 +144,7 @@ inline std::size_t lengthOf(const NameValue& pair)
     return pair.name.size() + pair.separator.size() + pair.value.size();
 }
 
-inline char* copy(char* to, std::string_view bytes)
-{
-    if (!bytes.empty())
-        std::memcpy(to, bytes.data(), bytes.size());
-    return to + bytes.size();
-}
+using ym::copy;
 
 inline char* copy(char* to, const NameValue& pair)
 {

@@ -81,10 +81,17 @@ public:
     // Adds copies of all objects of another list.
     void copy(const OwnedList& other)
     {
+        copy(other, [](T&) {});
+    }
+
+    // The same, and calls `prepare(copy)` for each before it is added.
+    template <class Prepare> void copy(const OwnedList& other, Prepare prepare)
+    {
         reserve(size() + other.size());
         for (const T& object : other) {
             auto added = std::make_unique<T>();
             *added = object;
+            prepare(*added);
             add(std::move(added));
         }
     }

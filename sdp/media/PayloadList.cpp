@@ -85,13 +85,7 @@ void PayloadList::add(SDPMediaPayload* payload)
 void PayloadList::copy(const PayloadList& other)
 {
     renumbered_ = true; // they are not added one after the other
-    payloads_.reserve(size() + other.size());
-    for (const SDPMediaPayload& payload : other) {
-        auto added = std::make_unique<SDPMediaPayload>();
-        *added = payload;
-        added->state().payloadNo.watch(&renumbered_);
-        payloads_.add(std::move(added));
-    }
+    payloads_.copy(other.payloads_, [this](SDPMediaPayload& copy) { copy.state().payloadNo.watch(&renumbered_); });
 }
 
 } // namespace ym::SDP

@@ -14,8 +14,6 @@ namespace ym::SDP {
 
 namespace {
 
-constexpr int nSlots = MediaFields::nSlots;
-
 // Of the text of a section.
 constexpr unsigned long usualLength = 400;
 
@@ -220,17 +218,17 @@ bool SDPMedia::hasBandwidth()
 
 const String* SDPMedia::bandwidthModifire(int slot) const
 {
-    return slot >= 0 && slot < nSlots ? &impl_->bandwidth[slot].modifier : nullptr;
+    return slot >= 0 && slot < MediaFields::nSlots ? &impl_->bandwidth[slot].modifier : nullptr;
 }
 
 unsigned long SDPMedia::bandwidth(int slot)
 {
-    return slot >= 0 && slot < nSlots ? impl_->bandwidth[slot].value : 0;
+    return slot >= 0 && slot < MediaFields::nSlots ? impl_->bandwidth[slot].value : 0;
 }
 
 void SDPMedia::setBandwidth(const String& modifier, unsigned long value)
 {
-    if (impl_->nBandwidth == nSlots) {
+    if (impl_->nBandwidth == MediaFields::nSlots) {
         ym_warning_print("SDPMedia::setBandwidth no more set Bandwidth");
         return;
     }

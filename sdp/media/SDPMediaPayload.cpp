@@ -8,6 +8,7 @@
 #include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/attributes.h"
 #include "sdp/media/fields.h"
+#include "support/ascii.h"
 #include "support/make.h"
 #include "support/number.h"
 #include "support/view.h"
@@ -70,7 +71,7 @@ bool readMapping(std::string_view text, Mapping* mapping)
 // 44100/2
 NameValue rateAndParam(const Digits& clockRate, const State& s)
 {
-    return nameValue({clockRate.digits, clockRate.length}, "/", view(s.encodingParam));
+    return nameValue(bytesOf(clockRate), "/", view(s.encodingParam));
 }
 
 // a=1;b;c=3

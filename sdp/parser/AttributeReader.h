@@ -6,12 +6,12 @@
 
 namespace ym::SDP {
 
-// Gives the "a=" lines of media sections to the objects that they belong to. The lines do not name their payload,
+// Gives the "a=" lines of a media section to the objects that they belong to. The lines do not name their payload,
 // unless they are rtpmap or fmtp lines: then they say so for the lines behind them as well.
 class AttributeReader {
 public:
-    // The lines that follow are those of this section. `lastPayload` may be null.
-    void begin(SDPMedia& media, SDPMediaPayload* lastPayload);
+    // Lines before the first rtpmap or fmtp line belong to `lastPayload`, which may be null.
+    AttributeReader(SDPMedia& media, SDPMediaPayload* lastPayload) : media_(media), currentPayload_(lastPayload) { }
 
     void read(std::string_view line);
 
@@ -21,8 +21,8 @@ private:
     void readParam(std::string_view param);
     bool goToPayload(std::string_view value, std::string_view* rest);
 
-    SDPMedia* media_ = nullptr;
-    SDPMediaPayload* currentPayload_ = nullptr;
+    SDPMedia& media_;
+    SDPMediaPayload* currentPayload_;
 };
 
 } // namespace ym::SDP

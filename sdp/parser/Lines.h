@@ -27,7 +27,7 @@ public:
 
     void next()
     {
-        const char* const begin = nextBegin(text_ + ends_[index_]);
+        const char* const begin = behindLineEnd(text_ + ends_[index_], end_);
         ++index_;
         goTo(begin);
     }
@@ -46,17 +46,9 @@ private:
             if (!isLine({begin, static_cast<std::size_t>(end - begin)}))
                 return false;
             ends_.add() = static_cast<std::uint32_t>(end - text_);
-            begin = nextBegin(end);
+            begin = behindLineEnd(end, end_);
         }
         return true;
-    }
-
-    // The beginning of the line behind one that ends here.
-    const char* nextBegin(const char* end) const
-    {
-        if (end_ - end >= 2 && end[0] == '\r' && end[1] == '\n')
-            return end + 2;
-        return end == end_ ? end_ : end + 1;
     }
 
     void goTo(const char* begin)
@@ -98,9 +90,8 @@ public:
     // Whether the next line of the level is the first one of its type. To be asked once for each.
     bool takes(char type)
     {
-        const std::uint32_t bit = std::uint32_t{1} << (type - 'a');
-        const bool isFirst = (taken_ & bit) == 0;
-        taken_ |= bit;
+        const bool isFirst = (taken_ & bitOf(type)) == 0;
+        taken_ |= bitOf(type);
         return isFirst;
     }
 

@@ -4,14 +4,15 @@
 #include "sdp/media/SDPMediaPayload_impl.h"
 #include "sdp/media/SDPMedia_impl.h"
 #include "sdp/parser/AttributeReader.h"
+#include "support/ascii.h"
 #include "support/number.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
 namespace {
 
-// Takes the piece before the next semicolon off a list, with the semicolon and the white space around that. There must
-// be one, or the rest is the piece.
+// Takes the first piece off a list, and with it the semicolon behind it and the white space around that.
 std::string_view takePiece(std::string_view* list)
 {
     const std::size_t end = list->find(';');
@@ -26,12 +27,6 @@ std::string_view takePiece(std::string_view* list)
 
 } // namespace
 
-void AttributeReader::begin(SDPMedia& media, SDPMediaPayload* lastPayload)
-{
-    media_ = &media;
-    currentPayload_ = lastPayload;
-}
-
 void AttributeReader::read(std::string_view line)
 {
     const NameValue attribute = cut(line);
@@ -41,7 +36,7 @@ void AttributeReader::read(std::string_view line)
     else if (isText(attribute.name, "fmtp"))
         readFormat(attribute.value);
     else if (isDirection(attribute.name, &direction))
-        media_->state().direction = direction;
+        media_.state().direction = direction;
     else if (currentPayload_)
         currentPayload_->state().attrs.put(attribute.name, attribute.value);
 }
@@ -96,7 +91,7 @@ bool AttributeReader::goToPayload(std::string_view value, std::string_view* rest
     Scanner at(value);
     if (!at.digits(&number) || !at.space())
         return false;
-    currentPayload_ = media_->state().payloads.find(toNumber<unsigned short>(number));
+    currentPayload_ = media_.state().payloads.find(toNumber<unsigned short>(number));
     *rest = at.rest();
     return currentPayload_ != nullptr;
 }

@@ -13,7 +13,9 @@
 #include "sdp/session/SDPDescEx_impl.h"
 #include "sdp/vocabulary/words.h"
 #include "support/SmallArray.h"
+#include "support/ascii.h"
 #include "support/number.h"
+#include "support/view.h"
 
 namespace ym::SDP {
 
@@ -32,7 +34,7 @@ void readFormats(std::string_view list, Formats* formats)
 {
     formats->clear();
     while (!list.empty()) {
-        std::size_t end = std::min(list.find(' '), list.size());
+        const std::size_t end = std::min(list.find(' '), list.size());
         formats->add() = toNumber<std::uint16_t>(list.substr(0, end));
         list = withoutSpaceBefore(behind(list, end));
     }
@@ -91,26 +93,34 @@ public:
     std::unique_ptr<SDPMedia> read()
     {
         std::unique_ptr<SDPMedia> media = readMedia(untilNul(lines_.value()));
+        lines_.next();
         if (media)
-            attributes_.begin(*media, addPayloads(*media, formats_));
-        bool isConnected = false;
-        Run bandwidths('b');
-        Run attributes('a');
-        for (lines_.next(); !lines_.isEnd() && !lines_.isMedia(); lines_.next()) {
-            const char type = lines_.type();
-            if (!media)
-                continue;
-            if (type == 'c' && !std::exchange(isConnected, true))
-                readSectionConnection(untilNul(lines_.value()), *media);
-            if (bandwidths.takes(type))
-                readBandwidth(lines_.value(), *media);
-            if (attributes.takes(type))
-                attributes_.read(lines_.value());
-        }
+            readLines(*media);
+        while (isInSection())
+            lines_.next();
         return media;
     }
 
 private:
+    bool isInSection() const { return !lines_.isEnd() && !lines_.isMedia(); }
+
+    void readLines(SDPMedia& media)
+    {
+        FirstLines first;
+        Run bandwidths('b');
+        Run attributes('a');
+        AttributeReader reader(media, addPayloads(media, formats_));
+        for (; isInSection(); lines_.next()) {
+            const char type = lines_.type();
+            if (first.takes(type) && type == 'c')
+                readSectionConnection(untilNul(lines_.value()), media);
+            if (bandwidths.takes(type))
+                readBandwidth(lines_.value(), media);
+            if (attributes.takes(type))
+                reader.read(lines_.value());
+        }
+    }
+
     // m=audio 49170 RTP/AVP 0 8 96
     std::unique_ptr<SDPMedia> readMedia(std::string_view value)
     {
@@ -149,7 +159,6 @@ private:
     }
 
     Lines& lines_;
-    AttributeReader attributes_;
     Formats formats_; // these two are kept for their memory
     String text_;
 };
