@@ -80,7 +80,8 @@ void String::replace(const char* bytes, std::size_t n)
 {
     if (n > longest - length_)
         throw std::length_error("ym::String: text too long");
-    const std::size_t capacity = std::min(std::max(length_ + n, std::size_t{2} * capacity_), longest);
+    // Never 0, not even for nothing behind an empty text in place: that would read as in place again.
+    const std::size_t capacity = std::min(std::max<std::size_t>({length_ + n, std::size_t{2} * capacity_, 1}), longest);
     char* const text = new char[capacity + 1];
     std::memcpy(text, text_, length_ + std::size_t{1});
     release();

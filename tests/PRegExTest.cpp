@@ -1,7 +1,5 @@
-// The matcher: tables of patterns, and random patterns against a plain recursive matcher.
+// The matcher: tables of patterns and subjects.
 #include <algorithm>
-#include <random>
-#include <set>
 
 #include <tovik/PRegEx.h>
 
@@ -130,116 +128,6 @@ TEST(PRegEx, Splits)
     expect(";", -1, {"a;b;c => a|b|c|"});
     expect("b*", 0, {"abbc => a|c|", "ac => a|c|"});
     expect("^a", 0, {"aab => |ab|"});
-}
-
-// An element of a random pattern: "^", "$", "(", ")", or a set of bytes with its repetition.
-struct Element {
-    std::string text;
-    std::string set; // those of the subjects' alphabet
-    std::size_t least = 0;
-    std::size_t most = 0;
-};
-
-// Tries all ways to match, the longest repetition first, and remembers only which ways have failed.
-struct Judge {
-    const std::vector<Element>& pattern;
-    const std::string& subject;
-    std::vector<std::size_t> at = std::vector<std::size_t>(pattern.size() + 1); // where each element began
-    std::set<std::pair<std::size_t, std::size_t>> failed = {};
-
-    bool matches(std::size_t element, std::size_t position)
-    {
-        at[element] = position;
-        if (element == pattern.size())
-            return true;
-        if (failed.count({element, position}) > 0)
-            return false;
-        const Element& now = pattern[element];
-        const std::size_t runEnd = std::min(subject.find_first_not_of(now.set, position), subject.size());
-        const bool misplaced = (now.text == "^" && position > 0) || (now.text == "$" && position < subject.size());
-        for (std::size_t n = std::min(now.most, runEnd - position) + 1; !misplaced && n-- > now.least;)
-            if (matches(element + 1, position + n))
-                return true;
-        failed.insert({element, position});
-        return false;
-    }
-
-    // The whole match and all groups, or nothing.
-    std::string search()
-    {
-        for (std::size_t start = 0; !matches(0, start);)
-            if (++start > subject.size())
-                return "";
-        std::string result = subject.substr(at[0], at.back() - at[0]) + "|";
-        for (std::size_t open = 0; open < pattern.size(); ++open) {
-            std::size_t close = open;
-            for (int depth = pattern[open].text == "("; depth > 0;)
-                depth += pattern[++close].text == "(" ? 1 : pattern[close].text == ")" ? -1 : 0;
-            if (close > open)
-                result += subject.substr(at[open], at[close] - at[open]) + "|";
-        }
-        return result;
-    }
-
-    // A separator begins before the end of the subject and ends behind the beginning of the piece before it.
-    std::string split(std::size_t limit)
-    {
-        std::string result;
-        std::size_t piece = 0;
-        for (std::size_t start = 0; start < subject.size() && limit > 1; ++start)
-            if (matches(0, start) && at.back() > piece) {
-                result += subject.substr(piece, start - piece) + "|";
-                piece = at.back();
-                start = piece - 1;
-                --limit;
-            }
-        result += subject.substr(piece);
-        return result.substr(0, result.find_last_not_of('|') + 1); // no empty pieces at the end
-    }
-};
-
-// The last subjects are such that repetitions which overlap give back byte by byte, over and over.
-TEST(PRegEx, MatchesLikeTheJudge)
-{
-    const Element sets[]
-        = {{"a", "a"},   {" ", " "},        {";", ";"},           {"/", "/"},       {".", "a b;/=1"},    {"\\s", " \n"},
-           {"\\d", "1"}, {"\\S", "ab;/=1"}, {"[^=]", "a b;/1\n"}, {"[a\\d]", "a1"}, {"[^/\\s]", "ab;=1"}};
-    const Element repetitions[] = {{"*", "", 0, 999}, {"+", "", 1, 999}, {"{0,1}", "", 0, 1}, {"", "", 1, 1}};
-    std::mt19937 random{1};
-    const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
-    for (int i = 0; i < 41000; ++i) {
-        const bool back = i >= 40000;
-        std::string subject(back ? 60 + below(240) : below(10), ' ');
-        for (char& c : subject)
-            c = back ? "a1a1a1a1a1a1a1a1a1a1a1a1a1a1a1 "[below(31)] : "a b;/=1\n"[below(8)];
-
-        std::vector<Element> elements(below(3) == 0 ? 1 : 0, {"^", ""});
-        std::size_t open = 0;
-        for (std::size_t length = 1 + below(back ? 7 : 6); length > 0; --length) {
-            if (below(3) == 0 && ++open)
-                elements.push_back({"(", ""});
-            const Element& set = sets[below(std::size(sets))];
-            const Element& times = repetitions[below(back ? 2 : 4)];
-            elements.push_back({set.text + times.text, set.set, times.least, times.most});
-            if (open > 0 && below(2) == 0 && open--)
-                elements.push_back({")", ""});
-        }
-        elements.insert(elements.end(), open, {")", ""});
-        elements.insert(elements.end(), below(3) == 0 ? 1 : 0, {"$", ""});
-
-        std::string text;
-        for (const Element& element : elements)
-            text += element.text;
-        PRegEx engine(text.c_str(), 0);
-        Judge judge{elements, subject};
-        const int nGroups = static_cast<int>(std::count(text.begin(), text.end(), '('));
-        const bool found = engine.match(bytes(subject), 0);
-        ASSERT_EQ(judge.search(), found ? partsOf(engine, 0, nGroups + 1) : "") << text << " on " << subject;
-        const std::size_t limit = below(2) == 0 ? 0x7FFFFFFF : 1 + below(4);
-        const int nPieces = engine.split(bytes(subject), static_cast<int>(limit));
-        const std::string pieces = judge.split(limit);
-        ASSERT_EQ(pieces + (pieces.empty() ? "" : "|"), partsOf(engine, 0, nPieces)) << text << " splits " << subject;
-    }
 }
 
 // A matcher whose time grows with the square of the subject would take minutes here.

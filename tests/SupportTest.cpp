@@ -1,7 +1,6 @@
 // Strings, lists of names, streams, lines and the warning.
 #include <algorithm>
 #include <cstring>
-#include <random>
 
 #include <tovik/LineAdapter.h>
 #include <tovik/NamedList.h>
@@ -97,64 +96,6 @@ TEST(String, TakesPartsOfItselfAndNulBytes)
     EXPECT_EQ("place", str(String::inPlace("place at last", 13).shorten(5)));
     EXPECT_EQ("a longer place", str(String::inPlace("a longer place at last", 22).shorten(14)));
     EXPECT_EQ("", str(String::inPlace("", 0).append("", 0).shorten(0)));
-}
-
-// Operations in random order, beside a plain vector of pairs. The lists grow beyond the length from which on an index
-// finds the names, and shrink again.
-TEST(NamedList, BehavesLikeAPlainVector)
-{
-    std::mt19937 random{1};
-    const auto below = [&](std::size_t n) { return static_cast<unsigned int>(random() % n); };
-    std::vector<std::pair<std::string, std::string>> pairs;
-    NamedList list(":");
-    for (unsigned int step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
-        const std::string name = std::string("n\0", 2) + std::to_string(below(step % 4000 < 2000 ? 12 : 40));
-        const std::string value = std::to_string(step) + '\0' + repeated(name, below(9));
-        const unsigned int n = below(3);
-        auto found = pairs.begin();
-        for (unsigned int left = n; found != pairs.end() && (found->first != name || left-- > 0);)
-            ++found;
-        const bool there = found != pairs.end();
-        const auto valueOf
-            = [&](const auto&, String* out, String*) { return list.value(bytes(name), out, n) ? 0 : -1; };
-        EXPECT_EQ(there ? found->second : "-1", outcomes("value", valueOf));
-        EXPECT_EQ(there, list.value(bytes(name), nullptr, n));
-        EXPECT_TRUE(n > 0 || there == (list.exist(bytes(name)) != 0));
-        const unsigned int at = below(pairs.size() + 2);
-        const unsigned int choice = below(80);
-        if (choice < 20) {
-            const bool within = choice < 5 && at < pairs.size();
-            pairs.insert(within ? pairs.begin() + at : pairs.end(), {name, value});
-            list.insert(bytes(name), bytes(value), choice < 5 ? static_cast<int>(at) : -1);
-        } else if (choice < 30) {
-            const bool isNew = std::none_of(pairs.begin(), pairs.end(), [&](auto& pair) { return pair.first == name; });
-            if (isNew || n == 0)
-                list.put(name, value);
-            if (isNew)
-                pairs.emplace_back(name, value);
-            else if (n == 0)
-                found->second = value;
-        } else if (choice < 30 + (step % 500 < 250 ? 15 : 35)) {
-            EXPECT_EQ(there, list.remove(bytes(name), n));
-            pairs.erase(found, there ? found + 1 : found);
-        } else if (choice < 79) {
-            EXPECT_EQ(there, list.replace(bytes(name), bytes(value), n));
-            if (there)
-                found->second = value;
-        } else {
-            NamedList other(":");
-            other.insert("gone", "", -1);
-            other = list;
-            list.clear();
-            EXPECT_EQ(0U, list.lines());
-            const NamedList& self = list = other;
-            list = self;
-        }
-        EXPECT_EQ(pairs.size(), list.lines());
-        EXPECT_EQ(at < pairs.size(), list.get(nullptr, nullptr, at));
-        const auto pairAt = [&](const auto&, String* a, String* b) { return list.get(a, b, at) ? 0 : -1; };
-        EXPECT_EQ(at < pairs.size() ? pairs[at].first + ":" + pairs[at].second : "-1", outcomes("get", pairAt));
-    }
 }
 
 // With the square of the number of names, this would take minutes.

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <tovik/String.h>
+#include "tests/text.h"
 
 namespace test {
 
@@ -18,19 +18,6 @@ constexpr unsigned long tooMuch = ~0UL - (~0UL >> 16 >> 16);
 
 // What a cleared session generates.
 const std::string cleared = "v=0|o=- 0 0   |s=session|t=0 0|";
-
-// The bytes of a string, NUL bytes among them, and back.
-inline std::string str(const ym::String& text)
-{
-    return {text.chars(), text.length()};
-}
-
-inline ym::String bytes(const std::string& text)
-{
-    ym::String result;
-    result.append(text.data(), static_cast<unsigned int>(text.size()));
-    return result;
-}
 
 inline std::string replaced(const std::string& text, const std::string& from, const std::string& to)
 {

@@ -24,7 +24,8 @@ namespace ym::SDP {
 //
 // Results are 0 for success and -1 for a miss or a refusal, unless an operation says otherwise. On a miss, outputs and
 // list stay as they are. A null `String*` means that the output is not wanted. The texts that set, setAttr and
-// their like are given, and those that get and media read, end at the first NUL byte; all others keep NUL bytes.
+// their like are given, those that get and media read, and names that hasAttr and hasMediaAttr compare end at the first
+// NUL byte; all others keep NUL bytes.
 //
 // Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, also if they
 // add or remove lines of the run by their number. After any other change the next look-up starts anew. Objects are
