@@ -66,12 +66,24 @@ std::vector<Bytes> filesOf(const std::string& folder)
     return files;
 }
 
-void show(const std::string& name, const Bytes& input)
-{
-    std::ofstream(name + ".input", std::ios::binary)
-        .write(reinterpret_cast<const char*>(input.data()), static_cast<std::streamsize>(input.size()));
-    LLVMFuzzerTestOneInput(input.data(), input.size());
-}
+// Shows inputs to the property, each of them written down first. The file is made once: making it anew each time would
+// take longer than all else.
+class Witness {
+public:
+    explicit Witness(const std::string& path) : path_(path), file_(path, std::ios::binary) { }
+
+    void show(const Bytes& input)
+    {
+        file_.seekp(0);
+        file_.write(reinterpret_cast<const char*>(input.data()), static_cast<std::streamsize>(input.size())).flush();
+        std::filesystem::resize_file(path_, input.size());
+        LLVMFuzzerTestOneInput(input.data(), input.size());
+    }
+
+private:
+    std::string path_;
+    std::ofstream file_;
+};
 
 } // namespace
 
@@ -82,12 +94,12 @@ int main(int argc, char** argv)
     for (std::size_t i = 3; i < words.size(); ++i)
         for (Bytes& file : filesOf(words[i]))
             inputs.push_back(std::move(file));
+    Witness witness(words[1] + ".input");
     for (const Bytes& input : inputs)
-        show(words[1], input);
+        witness.show(input);
     Randomness random;
     for (unsigned long n = std::stoul(words[2]); n > 0; --n)
-        show(words[1],
-             inputs.empty() || random.below(3) == 0 ? random.bytes(random.below(600))
-                                                    : random.changed(inputs[random.below(inputs.size())]));
+        witness.show(inputs.empty() || random.below(3) == 0 ? random.bytes(random.below(600))
+                                                            : random.changed(inputs[random.below(inputs.size())]));
     std::cout << inputs.size() << " files and " << words[2] << " random inputs\n";
 }
