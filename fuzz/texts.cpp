@@ -92,6 +92,7 @@ bool comesBack(SDPMedia& media)
     return media.nMediaPayload() > 0;
 }
 
+// A session without a name is read as one with the name "session".
 bool comesBack(SDPDescEx& objects)
 {
     SDPMedia* (SDPDescEx::*const lists[])(unsigned int)
@@ -100,7 +101,7 @@ bool comesBack(SDPDescEx& objects)
         for (unsigned int i = 0; SDPMedia* const media = (objects.*list)(i); ++i)
             if (!comesBack(*media))
                 return false;
-    return true;
+    return objects.hasSessionName();
 }
 
 // What the objects write they read again, if only the origin is complete, and then they tell the same. A value that was
