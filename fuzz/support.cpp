@@ -75,13 +75,13 @@ void stringsAreEdited(Input& input)
         const auto n = static_cast<unsigned int>(input.below(256));
         switch (input.below(14)) {
         case 0:
-            s.append(added.c_str()), p += added.c_str();
+            s.append(added.c_str()), p += upToNul(added);
             break;
         case 1:
             s.append(added.data(), static_cast<unsigned int>(added.size())), p += added;
             break;
         case 2:
-            s.assign(added.c_str()), p = added.c_str();
+            s.assign(added.c_str()), p = upToNul(added);
             break;
         case 3:
             s.assign(added.data(), static_cast<unsigned int>(added.size())), p = added;
