@@ -1,4 +1,6 @@
 // A text, which is the whole input, through both views.
+#include <cctype>
+
 #include <sdp/SDPDesc.h>
 #include <sdp/SDPDescEx.h>
 
@@ -72,8 +74,13 @@ std::string generated(SDPDescEx& objects)
 
 // Attributes belong to the payload whose line stands before them. "a/80!12" reads as the rate 80 with the parameter
 // "!12", and is written as "a/80/!12", which reads as another mapping.
+// A last parameter keeps the blanks behind it, until it is no longer the last one.
 bool comesBack(SDPMediaPayload& payload)
 {
+    String name;
+    for (unsigned int i = 0; payload.formatParam(i, &name, nullptr) == 0; ++i)
+        if (name.length() > 0 && std::isspace(static_cast<unsigned char>(name.chars()[name.length() - 1])) != 0)
+            return false;
     SDPMediaPayload again;
     String mapping;
     payload.payload(&mapping);
