@@ -4,7 +4,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ym_sdp)
 
-install(TARGETS ym_tovik ym_sdp EXPORT ym_sdp FILE_SET HEADERS)
+install(TARGETS ym_tovik ym_sdp ym_sdpcheck EXPORT ym_sdp FILE_SET HEADERS)
 install(EXPORT ym_sdp NAMESPACE ym:: DESTINATION ${package_dir} FILE ym_sdpTargets.cmake)
 
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ym_sdpConfigVersion.cmake COMPATIBILITY SameMajorVersion)
