@@ -1,5 +1,5 @@
 // A text, up to the first byte 255, and behind it a series of operations, first on its lines, then on its objects.
-#include <cstdint>
+#include <climits>
 #include <sstream>
 
 #include <sdp/SDPDesc.h>
@@ -40,7 +40,9 @@ struct Call {
 
 Call nextCall(Input& input)
 {
-    const auto number = [&] { return static_cast<int>(std::min<long long>(input.number(), INT32_MAX)); };
+    const auto number = [&] {
+        return input.below(32) == 1 ? INT_MIN : static_cast<int>(std::min<long long>(input.number(), INT_MAX));
+    };
     const char types[] = {'a', 'a', 'a', 'm', 'm', 'c', 'b', 't', 'v', 'o', 's', 'i', 'k', 'r', 'x', '=', '\0', '\xe1'};
     const std::size_t operation = input.below(26);
     return {operation, number(), number(), input.oneOf(types), text(input), text(input)};

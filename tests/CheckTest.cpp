@@ -1,7 +1,5 @@
 // The report of what becomes of a description.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <set>
 
@@ -53,12 +51,9 @@ Texts without(Texts lines, std::size_t n)
 // Whether a line is lost is found out by taking it out; of lines that stand several times in a text, how many are.
 TEST(Report, IsRightAboutEveryLineOfRealDescriptions)
 {
-    for (const auto& entry : std::filesystem::directory_iterator(YM_TEST_DATA)) {
-        if (entry.path().extension() != ".sdp")
-            continue;
-        SCOPED_TRACE(entry.path().filename());
-        std::ifstream file(entry.path(), std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
+    for (const auto& path : samples()) {
+        SCOPED_TRACE(path.filename());
+        const std::string text = contentOf(path);
         const Texts lines = cut(text);
         const std::multiset<std::string> whole = through(lines);
 

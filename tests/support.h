@@ -1,6 +1,8 @@
 // What the tests have in common: texts and operations in notations that fit into a table.
 #pragma once
 
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -34,6 +36,24 @@ inline std::string repeated(const std::string& text, std::size_t n)
     while (n-- > 0)
         result += text;
     return result;
+}
+
+inline std::string contentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The descriptions in tests/data, as programs have written them.
+inline std::vector<std::filesystem::path> samples()
+{
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(YM_TEST_DATA))
+        if (entry.path().extension() == ".sdp")
+            paths.push_back(entry.path());
+    EXPECT_EQ(19U, paths.size());
+    return paths;
 }
 
 // The sides of a row "in => out". Where there is no arrow, they are the same.

@@ -27,6 +27,9 @@ namespace ym::SDP {
 // their like are given, those that get and media read, and names that hasAttr and hasMediaAttr compare end at the first
 // NUL byte; all others keep NUL bytes.
 //
+// Texts are kept and written as they stand: a line end in one that set, parseLine or their like is given begins a line
+// of its own in the text. Look for "\r" and "\n" in what others send.
+//
 // Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, also if they
 // add or remove lines of the run by their number. After any other change the next look-up starts anew. Objects are
 // independent; one object is used by one thread at a time, and the first SDPDesc of a process must not be constructed

@@ -20,6 +20,9 @@ namespace ym::SDP {
 // SDP_INVALID_ARGUMENT for an argument that is refused; on either nothing changes and outputs are left alone. Numbers
 // are at most 4294967295; more is held as that. References stay valid until the field next changes.
 //
+// Texts are written as they stand, up to their first NUL byte: a line end in one that a setter is given begins a line
+// of its own in the text. Look for "\r" and "\n" in what others send.
+//
 // Objects are independent; one object is used by one thread at a time.
 class YM_EXPORT SDPDescEx {
 public:

@@ -15,6 +15,8 @@ namespace ym::SDP {
 // line is absent; the has... tests say so, and the getters give the stored values all the same. Results are 0 for
 // success and -1 for a miss or a refusal, on which nothing changes and outputs are left alone. A null `String*` means
 // that the output is not wanted. References and pointers to fields stay valid until the field next changes.
+//
+// Texts are written as they stand, line ends too: see SDPDescEx.
 class YM_EXPORT SDPMedia {
 public:
     // A section of the type "unknown" on port 0 with the transport "RTP/AVP", sendrecv, and nothing else.

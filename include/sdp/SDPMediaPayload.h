@@ -13,6 +13,8 @@ namespace ym::SDP {
 // An empty encoding or a clock rate of 0 means that the payload has no mapping; the getters give the stored values all
 // the same. Results are 0 for success and -1 for a miss, on which outputs are left alone. A null `String*` means that
 // the output is not wanted, unless an operation says otherwise. References stay valid until the field next changes.
+//
+// Texts are written as they stand, line ends, semicolons and equals signs too: see SDPDescEx.
 class YM_EXPORT SDPMediaPayload {
 public:
     // A payload with the number 0, no mapping, no parameters and no attributes.
