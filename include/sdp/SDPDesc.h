@@ -26,6 +26,9 @@ namespace ym::SDP {
 // list stay as they are. A null `String*` means that the output is not wanted. The texts that set, setAttr and
 // their like are given, and those that get and media read, end at the first NUL byte; all others keep NUL bytes.
 //
+// Where memory runs out, std::bad_alloc passes through, from look-ups too, and list and outputs stay as they are; only
+// of two outputs the first one may be written.
+//
 // Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, also if they
 // add or remove lines of the run by their number. After any other change the next look-up starts anew. Objects are
 // independent; one object is used by one thread at a time, and the first SDPDesc of a process must not be constructed

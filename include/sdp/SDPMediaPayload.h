@@ -13,6 +13,9 @@ namespace ym::SDP {
 // An empty encoding or a clock rate of 0 means that the payload has no mapping; the getters give the stored values all
 // the same. Results are 0 for success and -1 for a miss, on which outputs are left alone. A null `String*` means that
 // the output is not wanted, unless an operation says otherwise. References stay valid until the field next changes.
+//
+// Where memory runs out, std::bad_alloc passes through. Nothing changes then, but for assignment, and of two outputs
+// the first one may be written.
 class YM_EXPORT SDPMediaPayload {
 public:
     // A payload with the number 0, no mapping, no parameters and no attributes.
@@ -21,7 +24,8 @@ public:
 
     SDPMediaPayload(const SDPMediaPayload&) = delete;
 
-    // Makes this payload a copy of the other, number and both lists included.
+    // Makes this payload a copy of the other, number and both lists included. Where memory runs out, some fields are
+    // those of the other, and some are as before.
     SDPMediaPayload& operator=(const SDPMediaPayload& other);
 
     // Makes this payload like a new one.
