@@ -44,16 +44,16 @@ void release(void* memory) noexcept
 
 } // namespace
 
-// All forms, since those of a sanitizer do not lead to each other.
+// All forms, since those of a sanitizer do not lead to each other; and weak, since Clang links its sanitizers' own in.
 // clang-format off
-void* operator new(std::size_t size) { return allocateOrThrow(size); }
-void* operator new[](std::size_t size) { return allocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { release(memory); }
-void operator delete[](void* memory) noexcept { release(memory); }
-void operator delete(void* memory, std::size_t) noexcept { release(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+[[gnu::weak]] void* operator new(std::size_t size) { return allocateOrThrow(size); }
+[[gnu::weak]] void* operator new[](std::size_t size) { return allocateOrThrow(size); }
+[[gnu::weak]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+[[gnu::weak]] void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+[[gnu::weak]] void operator delete(void* memory) noexcept { release(memory); }
+[[gnu::weak]] void operator delete[](void* memory) noexcept { release(memory); }
+[[gnu::weak]] void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+[[gnu::weak]] void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
 // clang-format on
 
 using namespace test;
@@ -324,6 +324,10 @@ bool failsAt(long n, unsigned int mode, const Row& row, const std::string& befor
 
 TEST(Allocation, MayFailAnywhere)
 {
+#ifdef __clang__
+    if (nLive == 0)
+        GTEST_SKIP() << "the operators are those of a sanitizer";
+#endif
     for (const Row& row : rows) {
         World w;
         row.prepare(w);
