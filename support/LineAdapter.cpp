@@ -1,5 +1,8 @@
 #include <tovik/LineAdapter.h>
 
+#include <new>
+#include <string_view>
+
 #include "support/lineEnd.h"
 
 namespace ym {
@@ -34,14 +37,27 @@ bool LineAdapter::takeLineEnd()
     return true;
 }
 
+// Where memory runs out, the line is lost as a whole: what is left of it must not be taken for a line.
+void LineAdapter::addPart(const char* part, unsigned int length)
+{
+    try {
+        parts_.append(part, length);
+    } catch (const std::bad_alloc&) {
+        while (isMore() && !endsLine(*at_))
+            at_ = findLineEnd(at_, end_);
+        takeLineEnd();
+        throw;
+    }
+}
+
 // A line that is not empty. The stream may have to be asked for more, and may then take back what it has shown.
 void LineAdapter::takeLine(const char** line, unsigned int* length)
 {
     parts_.assign("");
     while (isMore() && !endsLine(*at_)) {
-        const char* const lineEnd = findLineEnd(at_, end_);
-        parts_.append(at_, static_cast<unsigned int>(lineEnd - at_));
-        at_ = lineEnd;
+        const char* const part = at_;
+        at_ = findLineEnd(at_, end_);
+        addPart(part, static_cast<unsigned int>(at_ - part));
     }
     takeLineEnd();
     *line = parts_.chars();
@@ -90,8 +106,7 @@ int LineAdapter::readLine(String* line)
     unsigned int length = 0;
     if (readLine(&bytes, &length) == 0)
         return 0;
-    line->assign("");
-    line->append(bytes, length);
+    line->assign(std::string_view(bytes, length));
     return 1;
 }
 

@@ -41,11 +41,17 @@ public:
 
     void clear() { size_ = 0; }
 
-    // A new last element.
-    T& add()
+    // Makes room for one more element.
+    void makeRoom()
     {
         if (size_ == capacity_)
             grow(capacity_ * 2);
+    }
+
+    // A new last element.
+    T& add()
+    {
+        makeRoom();
         return (*this)[size_++];
     }
 

@@ -120,19 +120,6 @@ TEST(NamedList, HoldsManyNames)
         ASSERT_TRUE(list.remove("same", 1) && list.get(&name, nullptr, 0) && list.get(&name, nullptr, 1));
 }
 
-// A stream that shows few bytes at a time.
-template <unsigned int n> class Trickle : public ym::MemoryIO {
-public:
-    using MemoryIO::MemoryIO;
-
-    const char* peek(unsigned int* size) override
-    {
-        const char* const ahead = MemoryIO::peek(size);
-        *size = std::min(*size, n);
-        return ahead;
-    }
-};
-
 // All lines, each with a bar behind it.
 template <class Stream> std::string linesOf(const std::string& text)
 {

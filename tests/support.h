@@ -1,6 +1,7 @@
 // What the tests have in common: texts and operations in notations that fit into a table.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,6 +11,8 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include <tovik/DataIO.h>
 
 #include "tests/text.h"
 
@@ -101,6 +104,19 @@ void expectValue(void (*fill)(Object&), void (*fillOther)(Object&), Tell tell, c
     EXPECT_EQ(fresh, tell(object)) << told;
     EXPECT_EQ(told, tell(copy));
 }
+
+// A stream that shows few bytes at a time.
+template <unsigned int n> class Trickle : public ym::MemoryIO {
+public:
+    using MemoryIO::MemoryIO;
+
+    const char* peek(unsigned int* size) override
+    {
+        const char* const ahead = MemoryIO::peek(size);
+        *size = std::min(*size, n);
+        return ahead;
+    }
+};
 
 // The outcomes of several commands, "add x 1; add y", which are carried out by operation(words, &a, &b): what it put
 // into a and b, as "a:b", or its result where it left them alone. Words that are missing read as empty texts.

@@ -30,6 +30,9 @@ namespace ym::SDP {
 // Texts are kept and written as they stand: a line end in one that set, parseLine or their like is given begins a line
 // of its own in the text. Look for "\r" and "\n" in what others send.
 //
+// Where memory runs out, std::bad_alloc passes through, from look-ups too, and list and outputs stay as they are; only
+// of two outputs the first one may be written.
+//
 // Loops over all sections, over all lines of a run, or over both cost no more than one walk over the list, also if they
 // add or remove lines of the run by their number. After any other change the next look-up starts anew. Objects are
 // independent; one object is used by one thread at a time, and the first SDPDesc of a process must not be constructed

@@ -23,6 +23,9 @@ namespace ym::SDP {
 // Texts are written as they stand, up to their first NUL byte: a line end in one that a setter is given begins a line
 // of its own in the text. Look for "\r" and "\n" in what others send.
 //
+// Where memory runs out, std::bad_alloc passes through. Nothing changes then, but for parse, assignment and an object
+// that was handed over, and of two outputs the first one may be written.
+//
 // Objects are independent; one object is used by one thread at a time.
 class YM_EXPORT SDPDescEx {
 public:
@@ -33,7 +36,8 @@ public:
 
     SDPDescEx(const SDPDescEx&) = delete;
 
-    // Makes this description a copy of the other, with media sections of its own. Its present sections are destroyed.
+    // Makes this description a copy of the other, with media sections of its own. Its present sections are destroyed
+    // first. Where memory runs out, it holds what was copied so far.
     SDPDescEx& operator=(const SDPDescEx& other);
 
     // Makes this description like a new one. Its media sections are destroyed.
@@ -53,6 +57,8 @@ public:
     // In a section, the directions go to the SDPMedia; "rtpmap" and "fmtp" go to the payload of their number; every
     // other attribute goes to the payload that the last rtpmap or fmtp line named, or to the last one of the "m=" line
     // before any such line. What finds no payload is dropped, and so are the "i=" and "k=" lines of a section.
+    //
+    // Where memory runs out, the description is as before, or it holds what was read so far.
     int parse(const String& text);
 
     // Replaces `*text` by the whole description, each line ended by "\r\n": the session lines in canonical order, then
@@ -184,7 +190,7 @@ public:
     SDPMedia* mediaApplication(unsigned int index);
 
     // Adds a section at the end of the list and takes it over: it must have been made by `new`, must not be in a list
-    // of any description already, and is destroyed by the description. Refuses null.
+    // of any description already, and is destroyed by the description, at once if memory runs out. Refuses null.
     int addMediaVideo(SDPMedia* media);
     int addMediaAudio(SDPMedia* media);
     int addMediaApplication(SDPMedia* media);

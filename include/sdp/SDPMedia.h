@@ -17,6 +17,9 @@ namespace ym::SDP {
 // that the output is not wanted. References and pointers to fields stay valid until the field next changes.
 //
 // Texts are written as they stand, line ends too: see SDPDescEx.
+//
+// Where memory runs out, std::bad_alloc passes through. Nothing changes then, but for assignment and a payload that was
+// handed over, and of two outputs the first one may be written.
 class YM_EXPORT SDPMedia {
 public:
     // A section of the type "unknown" on port 0 with the transport "RTP/AVP", sendrecv, and nothing else.
@@ -25,7 +28,8 @@ public:
 
     SDPMedia(const SDPMedia&) = delete;
 
-    // Makes this section a copy of the other, with payloads of its own. Its present payloads are destroyed.
+    // Makes this section a copy of the other, with payloads of its own. Its present payloads are destroyed first. Where
+    // memory runs out, it holds what was copied so far.
     SDPMedia& operator=(const SDPMedia& other);
 
     // Makes this section like a new one. Its payloads are destroyed.
@@ -62,8 +66,10 @@ public:
     SDPMediaPayload* mediaPayload(const char* mapping);
 
     // Adds a payload at the end and takes it over: it must have been made by `new`, and is destroyed by the section. A
-    // payload of the same number that is there already is destroyed first, so that a number keeps its last payload. A
-    // payload that is in this section already moves to the end. -1 if `payload` is null.
+    // payload of the same number that is there already is destroyed, so that a number keeps its last payload. A payload
+    // that is in this section already moves to the end. -1 if `payload` is null.
+    //
+    // Where memory runs out, the list stays as it is. The payload is destroyed, unless it is in the list.
     int addMediaPayload(SDPMediaPayload* payload);
 
     // a=: attributes of the section itself, each name once, in the order in which they were added. The directions are

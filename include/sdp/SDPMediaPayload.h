@@ -15,6 +15,9 @@ namespace ym::SDP {
 // the output is not wanted, unless an operation says otherwise. References stay valid until the field next changes.
 //
 // Texts are written as they stand, line ends, semicolons and equals signs too: see SDPDescEx.
+//
+// Where memory runs out, std::bad_alloc passes through. Nothing changes then, but for assignment, and of two outputs
+// the first one may be written.
 class YM_EXPORT SDPMediaPayload {
 public:
     // A payload with the number 0, no mapping, no parameters and no attributes.
@@ -23,7 +26,8 @@ public:
 
     SDPMediaPayload(const SDPMediaPayload&) = delete;
 
-    // Makes this payload a copy of the other, number and both lists included.
+    // Makes this payload a copy of the other, number and both lists included. Where memory runs out, some fields are
+    // those of the other, and some are as before.
     SDPMediaPayload& operator=(const SDPMediaPayload& other);
 
     // Makes this payload like a new one.

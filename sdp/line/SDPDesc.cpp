@@ -38,21 +38,6 @@ String attrLine(char type, const String& name, const String& value)
     return line;
 }
 
-int addLines(Impl& impl, const String& text)
-{
-    MemoryIO stream(impl.keep(text), text.length());
-    LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
-    const char* line = nullptr;
-    unsigned int length = 0;
-    impl.forget();
-    while (reader.readLine(&line, &length) > 0) {
-        if (!isLine({line, length}))
-            return -1;
-        impl.append(line, length);
-    }
-    return 0;
-}
-
 // The length of the text that the lines give. Where it does not fit, the text can not be written either.
 unsigned int lengthOf(const Impl& impl)
 {
@@ -117,10 +102,20 @@ int SDPDesc::parse(const String& text)
 {
     if (text.length() == 0)
         return 0;
-    const std::size_t before = impl_->lines.size();
-    const int result = addLines(*impl_, text);
-    if (impl_->lines.size() == before)
-        impl_->dropText();
+    Impl::Text copy(text);
+    Impl::Lines added(impl_->lines.get_allocator());
+    MemoryIO stream(copy.bytes.get(), copy.length);
+    LineAdapter reader(&stream, LineAdapter::LinebreakAny, LineAdapter::LinebreakCRLF, LineAdapter::LinebreakNone);
+    const char* line = nullptr;
+    unsigned int length = 0;
+    int result = 0;
+    while (result == 0 && reader.readLine(&line, &length) > 0) {
+        if (isLine({line, length}))
+            added.push_back(copy.line(line, length));
+        else
+            result = -1;
+    }
+    impl_->append(std::move(added), std::move(copy));
     return result;
 }
 

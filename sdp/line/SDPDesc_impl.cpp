@@ -208,8 +208,9 @@ void Impl::setNumbered(int section, int n, String line, char type)
     }
     Run known = run(section, type);
     const bool empty = known.line == lines.end();
+    const bool hasLevel = section < nSections(); // asked before the change, since it may need memory
     const Position added = insert(empty ? levelEnd(section) : std::next(known.line), std::move(line));
-    if (type == 'm' || typeOf(*added) != type || section >= nSections())
+    if (type == 'm' || typeOf(*added) != type || !hasLevel)
         return;
     known.n = empty ? 0 : known.n + 1;
     known.line = added;
@@ -250,32 +251,31 @@ int Impl::removeBehind(int section, char type)
 
 // Changes
 
-const char* Impl::keep(const String& text)
+// One byte more, for the NUL behind a last line without a line end.
+Impl::Text::Text(const String& text) : bytes(new char[text.length() + std::size_t{1}]), length(text.length())
 {
-    // One byte more, for the NUL behind a last line without a line end.
-    Text copy = {std::unique_ptr<char[]>(new char[text.length() + std::size_t{1}]), text.length()};
-    std::memcpy(copy.bytes.get(), text.chars(), text.length());
-    texts_.push_back(std::move(copy));
-    return texts_.back().bytes.get();
+    std::memcpy(bytes.get(), text.chars(), length);
 }
 
-void Impl::append(const char* line, unsigned int length)
+String Impl::Text::line(const char* at, unsigned int n) const
 {
-    const Text& text = texts_.back();
-    char* const begin = text.bytes.get();
-    if (std::less<>()(line, begin) || std::less<>()(begin + text.length, line)) {
+    char* const begin = bytes.get();
+    if (std::less<>()(at, begin) || std::less<>()(begin + length, at)) {
         String copy;
-        copy.append(line, length);
-        lines.push_back(std::move(copy));
-        return;
+        copy.append(at, n);
+        return copy;
     }
-    begin[line - begin + length] = '\0'; // over the line end, which is read already
-    lines.push_back(String::inPlace(line, length));
+    begin[at - begin + n] = '\0'; // over the line end, which is read already
+    return String::inPlace(at, n);
 }
 
-void Impl::dropText()
+void Impl::append(Lines added, Text text)
 {
-    texts_.pop_back();
+    if (added.empty())
+        return;
+    texts_.push_back(std::move(text));
+    forget();
+    lines.splice(lines.end(), added);
 }
 
 void Impl::place(Position first, Position last, const int* order, String line)
@@ -297,10 +297,12 @@ Impl::Position Impl::insert(Position before, String line)
     const bool isNewSection = typeOf(line) == 'm';
     const bool known = sectionsKnown_ && (!isNewSection || before == lines.end());
     sectionsKnown_ = false; // until all is in
+    if (known && isNewSection)
+        sections_.push_back(before); // which may fail, like the next step; what follows may not
     const Position added = lines.insert(before, std::move(line));
     forgetType(typeOf(*added));
     if (known && isNewSection)
-        sections_.push_back(added);
+        sections_.back() = added;
     sectionsKnown_ = known;
     return added;
 }

@@ -86,14 +86,19 @@ struct YM_EXPORT SDPDesc::SDPDesc_impl {
     // the first one of a higher rank.
     YM_HIDDEN void place(Position first, Position last, const int* order, String line);
 
-    // A copy of a text that lives as long as its lines may be in the list.
-    YM_HIDDEN const char* keep(const String& text);
+    // A copy of a text, for lines to be read in place.
+    struct YM_HIDDEN Text {
+        std::unique_ptr<char[]> bytes;
+        unsigned int length;
 
-    // Adds a line of the text that was kept last. Its place in that is the place of the line: no copy is made of it.
-    YM_HIDDEN void append(const char* line, unsigned int length);
+        explicit Text(const String& text);
 
-    // Gives back the text that was kept last, which must have no line in the list.
-    YM_HIDDEN void dropText();
+        // A line that was read from the bytes. No copy is made of it where it stands among them.
+        String line(const char* at, unsigned int n) const;
+    };
+
+    // Adds lines whose memory is that of this list, and the text that they stand in.
+    YM_HIDDEN void append(Lines added, Text text);
 
     // All other changes of the list but those of a line's value, and what has to be called before any other change.
     YM_HIDDEN void forget();
@@ -128,10 +133,6 @@ private:
 
     // The memory of the list and of its texts.
     NodePool nodes_;
-    struct Text {
-        std::unique_ptr<char[]> bytes;
-        unsigned int length;
-    };
     std::vector<Text> texts_;
 
     // The places below are found when they are asked for, and forgotten when a line comes or goes that may change them.

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include <tovik/String.h>
 
 namespace ym::SDP {
 
-// Replaces a text, piece by piece. The string is longer meanwhile, so that most pieces find room, and is cut at the
-// end.
+// Puts a text together, piece by piece. The string is longer meanwhile, so that most pieces find room, and is cut at
+// the end. Nobody else sees it before, so that a text is replaced as a whole or, where memory runs out, not at all.
 class Writer {
 public:
     // `room` is what the text is likely to need.
-    Writer(String& text, unsigned long room) : text_(text.assign("")) { grow(room); }
-    ~Writer() { text_.shorten(used()); }
+    explicit Writer(unsigned long room) { grow(room); }
 
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
@@ -28,6 +28,13 @@ public:
         return begin;
     }
 
+    // Replaces `*out` by the text, which ends here.
+    void moveTo(String* out)
+    {
+        text_.shorten(used());
+        *out = std::move(text_);
+    }
+
 private:
     unsigned int used() const { return static_cast<unsigned int>(at_ - text_.chars()); }
 
@@ -40,7 +47,7 @@ private:
         end_ = at_ + more;
     }
 
-    String& text_;
+    String text_;
     char* at_ = nullptr;
     char* end_ = nullptr;
 };

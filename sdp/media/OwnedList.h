@@ -59,6 +59,10 @@ public:
     // Makes room for so many objects in all.
     void reserve(unsigned int n) { slots_.reserve(n); }
 
+    // Makes room, so that the next object can be added without a failure.
+    void makeRoom() { slots_.makeRoom(); }
+
+    // Where memory runs out, the object is destroyed.
     void add(std::unique_ptr<T> object)
     {
         slots_.add(object.get());

@@ -1,5 +1,6 @@
 #include "sdp/media/PayloadList.h"
 
+#include <new>
 #include <utility>
 
 #include "sdp/media/SDPMediaPayload_impl.h"
@@ -19,7 +20,7 @@ unsigned short numberOf(const SDPMediaPayload& payload)
 
 SDPMediaPayload* PayloadList::find(unsigned short number)
 {
-    return size() > shortList ? findByIndex(number) : findByWalk(number);
+    return size() > shortList && makeIndex() ? findByIndex(number) : findByWalk(number);
 }
 
 SDPMediaPayload* PayloadList::findByWalk(unsigned short number)
@@ -40,28 +41,52 @@ SDPMediaPayload* PayloadList::findByWalk(unsigned short number)
     return nullptr;
 }
 
-SDPMediaPayload* PayloadList::findByIndex(unsigned short number)
+// False if there is no memory for it.
+bool PayloadList::makeIndex()
 {
-    if (!numbers_ || renumbered_) {
+    if (numbers_ && !renumbered_)
+        return true;
+    try {
         auto numbers = std::make_unique<Numbers>();
         numbers->reserve(size());
         for (SDPMediaPayload& payload : payloads_)
             numbers->emplace(numberOf(payload), &payload);
         numbers_ = std::move(numbers);
-        asAdded_ = asAdded_ && !renumbered_;
-        renumbered_ = false;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
+    asAdded_ = asAdded_ && !renumbered_;
+    renumbered_ = false;
+    return true;
+}
+
+// An index that lacks a payload would deny what the list holds; rather none than that.
+void PayloadList::enter(unsigned short number, SDPMediaPayload* payload)
+{
+    try {
+        numbers_->insert_or_assign(number, payload);
+    } catch (const std::bad_alloc&) {
+        numbers_.reset();
+    }
+}
+
+SDPMediaPayload* PayloadList::findByIndex(unsigned short number)
+{
     const auto found = numbers_->find(number);
     return found == numbers_->end() ? nullptr : found->second;
 }
 
-// The payload itself, out of this list if it is in.
+// The payload itself, out of this list if it is in. There is room to add it then.
 std::unique_ptr<SDPMediaPayload> PayloadList::takeOver(SDPMediaPayload* payload)
 {
-    if (!payload->state().payloadNo.isWatchedBy(&renumbered_))
-        return std::unique_ptr<SDPMediaPayload>(payload);
-    numbers_.reset();
-    return payloads_.take(payload);
+    const bool isIn = payload->state().payloadNo.isWatchedBy(&renumbered_);
+    std::unique_ptr<SDPMediaPayload> taken(isIn ? nullptr : payload);
+    payloads_.makeRoom();
+    if (isIn) {
+        numbers_.reset();
+        taken = payloads_.take(payload);
+    }
+    return taken;
 }
 
 void PayloadList::add(SDPMediaPayload* payload)
@@ -69,17 +94,15 @@ void PayloadList::add(SDPMediaPayload* payload)
     std::unique_ptr<SDPMediaPayload> added = takeOver(payload);
     const unsigned short number = numberOf(*payload);
     SDPMediaPayload* const replaced = find(number);
-    const bool isIndexed = numbers_ && !renumbered_ && numbers_->size() == size();
-    std::unique_ptr<Numbers> numbers = std::move(numbers_); // away until it is right again
+    if (renumbered_ || (numbers_ && numbers_->size() != size()))
+        numbers_.reset(); // of payloads with equal numbers, another one would come first
     if (replaced)
         payloads_.take(replaced);
     added->state().payloadNo.watch(&renumbered_);
     payloads_.add(std::move(added));
     seen_.set(number % seen_.size());
-    if (!isIndexed)
-        return;
-    numbers->insert_or_assign(number, payload);
-    numbers_ = std::move(numbers);
+    if (numbers_)
+        enter(number, payload);
 }
 
 void PayloadList::copy(const PayloadList& other)

@@ -27,11 +27,11 @@ public:
     // The payload at a position, or null.
     SDPMediaPayload* at(unsigned int index) { return payloads_.at(index); }
 
-    // The first payload of a number, or null.
+    // The first payload of a number, or null. Needs no memory, though a long list is faster with some.
     SDPMediaPayload* find(unsigned short number);
 
     // Adds a payload at the end and takes it over, also if it is in the list already. The first one that has its number
-    // is destroyed.
+    // is destroyed. Where memory runs out, the list stays as it is, and a payload that is not in it is destroyed.
     void add(SDPMediaPayload* payload);
 
     // Adds copies of all payloads of another list.
@@ -42,6 +42,8 @@ private:
 
     SDPMediaPayload* findByWalk(unsigned short number);
     SDPMediaPayload* findByIndex(unsigned short number);
+    bool makeIndex();
+    void enter(unsigned short number, SDPMediaPayload* payload);
     std::unique_ptr<SDPMediaPayload> takeOver(SDPMediaPayload* payload);
 
     OwnedList<SDPMediaPayload> payloads_;

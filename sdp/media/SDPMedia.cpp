@@ -184,12 +184,12 @@ bool SDPMedia::hasConnection()
 
 void SDPMedia::connection(NetworkType* netType, AddressType* addrType, String* address)
 {
+    if (address)
+        *address = impl_->connection.address; // first, since it may need memory
     if (netType)
         *netType = impl_->connection.netType;
     if (addrType)
         *addrType = impl_->connection.addrType;
-    if (address)
-        *address = impl_->connection.address;
 }
 
 int SDPMedia::setConnection(NetworkType netType, AddressType addrType, const String& address)
@@ -329,8 +329,9 @@ int SDPMedia::generate(String* out)
 {
     if (!out)
         return SDP_INVALID_ARGUMENT;
-    Writer text(*out, usualLength);
+    Writer text(usualLength);
     impl_->putLines(text);
+    text.moveTo(out);
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "sdp/line/text.h"
 #include "sdp/media/SDPMediaPayload_impl.h"
@@ -91,13 +92,13 @@ bool State::setMapping(std::string_view text)
     Mapping mapping;
     if (!readMapping(text, &mapping))
         return false;
-    clockRate = toNumber<std::uint32_t>(mapping.clockRate);
-    const bool isEncoding = text.data() == encoding.chars(); // which then must be the last to be overwritten
-    if (!isEncoding)
-        encoding.assign(mapping.encoding);
+    // What may fail comes first, and what the text may be is overwritten last.
+    const auto newRate = toNumber<std::uint32_t>(mapping.clockRate);
+    String newEncoding;
+    newEncoding.assign(mapping.encoding);
     encodingParam.assign(mapping.param);
-    if (isEncoding)
-        encoding.assign(mapping.encoding);
+    encoding = std::move(newEncoding);
+    clockRate = newRate;
     return true;
 }
 
@@ -195,9 +196,10 @@ int SDPMediaPayload::payload(String* out)
     if (!out)
         return -1;
     const Digits rate = number(impl_->clockRate);
-    Writer text(*out, 0);
+    Writer text(0);
     if (hasMapping(*impl_))
         put(text, impl_->encoding, "/", rateAndParam(rate, *impl_));
+    text.moveTo(out);
     return 0;
 }
 
@@ -338,8 +340,9 @@ int SDPMediaPayload::generate(String* out)
 {
     if (!out)
         return -1;
-    Writer text(*out, usualLength);
+    Writer text(usualLength);
     impl_->putLines(text);
+    text.moveTo(out);
     return -1;
 }
 

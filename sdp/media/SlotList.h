@@ -34,6 +34,10 @@ public:
     }
 
     void reserve(unsigned int n) { slots_.reserve(n); }
+
+    // Makes room, so that the next object can be added without a failure.
+    void makeRoom() { slots_.makeRoom(); }
+
     void add(void* object)
     {
         slots_.add() = {object, 0};

@@ -44,7 +44,7 @@ int SDPDescEx::generate(String* text)
 {
     if (!text)
         return SDP_INVALID_ARGUMENT;
-    Writer out(*text, usualLength);
+    Writer out(usualLength);
     putLine(out, 'v', number(impl_->version));
     putOrigin(out, impl_->origin);
     putText(out, 's', impl_->sessionName);
@@ -62,6 +62,7 @@ int SDPDescEx::generate(String* text)
     putSections(out, impl_->audios);
     putSections(out, impl_->videos);
     putSections(out, impl_->applications);
+    out.moveTo(text);
     return 0;
 }
 

@@ -43,7 +43,7 @@ public:
 };
 
 // Writes into a block of memory that grows, and that it owns. It holds at most 4294967295 bytes; a write that goes
-// beyond throws std::length_error and writes nothing.
+// beyond throws std::length_error and writes nothing, like one that finds no memory and throws std::bad_alloc.
 class YM_EXPORT MallocIO : public PositionIO {
 public:
     MallocIO();

@@ -30,6 +30,9 @@ public:
     //
     // A last line without a line end is a line. Empty lines at the end of the stream are not; an empty line with
     // more text behind it is.
+    //
+    // Where memory runs out, std::bad_alloc passes through, `*line` is unchanged, and the line is lost: the next call
+    // gives the one behind it.
     int readLine(String* line);
 
     // The same, without a copy where the stream shows the whole line at once: `*line` points to `*length` bytes in the
@@ -42,6 +45,7 @@ private:
     YM_HIDDEN bool takeLineEnd();
     YM_HIDDEN bool takePlainLine(const char** line, unsigned int* length);
     YM_HIDDEN void takeLine(const char** line, unsigned int* length);
+    YM_HIDDEN void addPart(const char* part, unsigned int length);
 
     DataIO* stream_;
     unsigned long emptyLines_ = 0; // read already, and found to have text behind them

@@ -16,7 +16,8 @@ namespace ym {
 // Looking the first pair of a name up costs no more than the logarithm of the list's length, the others of that name a
 // step each; a loop over all positions walks the list once. An operation that says "pair number `index` of a name"
 // counts the pairs of that name alone, from 0. A null `String*` means that the output is not wanted; outputs are left
-// alone where the result is false.
+// alone where the result is false. Where memory runs out, std::bad_alloc passes through, and the list stays as it is;
+// of two outputs the first one may be written.
 class YM_EXPORT NamedList {
 public:
     // An empty list. The separator has no effect on it.

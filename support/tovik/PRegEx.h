@@ -19,7 +19,8 @@ namespace ym {
 // Of all ways to match, Perl's is taken: the leftmost one, with every repetition as long as the rest allows.
 // Time is at worst proportional to the length of the pattern times that of the subject, and the stack does not grow
 // with either, so subjects from the network are safe. Making a pattern of up to 64 bytes with up to two sets in
-// brackets takes no memory from the heap.
+// brackets takes no memory from the heap. Where memory runs out, std::bad_alloc passes through, and the object is as
+// after a match that failed.
 class YM_EXPORT PRegEx {
 public:
     // Prepares a pattern. `flags` must be 0; with other flags the pattern matches nothing.

@@ -12,7 +12,8 @@ namespace ym {
 // Bytes may have any value, NUL included; an operation that takes a `const char*` ends its argument at the first
 // NUL, and reads a null pointer as the empty text. An argument may point into the string that it is handed to.
 // Positions count from 0, and positions beyond the end mean the end. A text holds at most 4294967294 bytes; what
-// would make it longer throws std::length_error and changes nothing.
+// would make it longer throws std::length_error and changes nothing. Nothing changes either where memory runs out and
+// std::bad_alloc passes through.
 class YM_EXPORT String {
 public:
     // The position that stands for "none" as a result of find, and for "the end" as an argument of substring.
