@@ -25,6 +25,15 @@ function(ym_library target export_name map)
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
     get_target_property(type ${target} TYPE)
     if(type STREQUAL SHARED_LIBRARY)
-        target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions LINKER:--version-script=${PROJECT_SOURCE_DIR}/${map})
+        target_link_options(${target} PRIVATE
+            LINKER:-Bsymbolic-functions
+            LINKER:--version-script=${PROJECT_SOURCE_DIR}/${map}
+            # The tables that lead to other libraries are filled at load time and read-only from then on.
+            LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack
+            LINKER:--as-needed)
+        # A sanitizer may leave its own symbols to the program.
+        if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+            target_link_options(${target} PRIVATE LINKER:-z,defs)
+        endif()
     endif()
 endfunction()
