@@ -1,7 +1,5 @@
 // Texts in, texts out.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <random>
 
 #include <sdp/SDPDesc.h>
@@ -16,13 +14,6 @@ using ym::PRegEx;
 using ym::String;
 
 namespace {
-
-std::string contentOf(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << path;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Rows "in => out", with "$" for what a cleared session generates: what comes out of the objects after a text. It must
 // be taken, and the objects held something else before.

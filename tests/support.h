@@ -1,6 +1,8 @@
 // What the tests have in common: texts and operations in notations that fit into a table.
 #pragma once
 
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -30,6 +32,13 @@ inline ym::String bytes(const std::string& text)
     ym::String result;
     result.append(text.data(), static_cast<unsigned int>(text.size()));
     return result;
+}
+
+inline std::string contentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 inline std::string replaced(const std::string& text, const std::string& from, const std::string& to)
