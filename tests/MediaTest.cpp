@@ -241,7 +241,7 @@ TEST(Media, FindsPayloadsWhateverTheirNumbersBecome)
     const struct {
         unsigned int most;
         unsigned int stride;
-        unsigned int chance; // one in so many steps changes a number
+        std::size_t chance; // one in so many steps changes a number
     } rows[] = {{5, 1, 4}, {300, 1, 4}, {40, 32, 1000000}, {5, 64, 300}};
     for (const auto& [most, stride, chance] : rows) {
         SDPMedia m;
