@@ -83,6 +83,7 @@ TEST(SDPDesc, ReadsAndChangesLines)
         {"c=1 c=2 i= m=3 b=4 m=5", "get c; get i; get m; get b; get 0; get k", "1  3 -1 -1 -1"},
         {"c=1 m=3 b=4 m=5", "has c; has b; has m; has k; has 0; has =", "1 1 1 0 0 0"},
         {"a=n:x:y a=:x a=n a= m=1 a=s", "attr 0; attr 1; attr 2; attr 3; attr 4; attr -1", "n:x:y :x n: : -1 -1"},
+        {"a=pq a=p", "hasAttr p; hasAttr pq", "1 1"},
         {"a=p a=p:1 a=P b=q a=p m=1 a=p", "nAttr; hasAttr p; hasAttr P; hasAttr q; hasMediaAttr 0 a p", "4 2 1 0 1"},
         {"c=1 a=2", "nMedia; media 0 m; media -1 c; hasMedia 0 c; nMediaAttr 0 a; hasMediaAttr 0 a 2", "0 -1 -1 0 0 0"},
         {"m=1 c=1 m=2 c=2 c= m=3", "nMedia; media 1 c; media -1 m; media 2 m; media 2 c; media 3 m", "3 2 1 3 -1 -1"},
@@ -93,7 +94,8 @@ TEST(SDPDesc, ReadsAndChangesLines)
         // Changes
         {"", "parse c=1|m=|s=2|; parse; parse t=|", "0 0 0", "c=1 m= s=2 t="},
         {"", "parse c=1|x=1|t=2|; parse t=1||t=2|", "-1 -1", "c=1 t=1"},
-        {"t=1", "parseLine c; parseLine; parseLine c/=0; parseLine =c; parseLine \xf3=1", "-1 -1 -1 -1 -1"},
+        {"t=1", "parseLine c; parseLine; parseLine c/=0; parseLine =c; parseLine \xf3=1; parseLine {=1",
+         "-1 -1 -1 -1 -1 -1"},
         {"t=1", "set k 2; set c; set i 1; set m 2; parseLine a=; parseLine a=x=y", "0 0 0 -1 0 0",
          "i=1 c= k=2 t=1 a= a=x=y"},
         {"a=1 t=1 m=1 a=1", "set a 2; set t 3", "0 0", "t=3 a=2 t=1 m=1 a=1"},
@@ -116,6 +118,9 @@ TEST(SDPDesc, ReadsAndChangesLines)
     // Types without a place go before the section, or to the head of the list, where the next one replaces them.
     check({"m=1 a=1", "setMedia 0 x 1; setMedia 0 \xed 2; setMedia 0 x 3", "0 0 0", "x=1 \xed=2 x=3 m=1 a=1"}, byChar);
     check({"m=1", "set x 2; get x; generate; set \xfe 3; get x; get \xfe; remove \xfe", "0 2 -1 0 -1 3 0"}, byChar);
+    // The line is just "=".
+    check({"m=1", "setMediaAttr 0 0 0; nMediaAttr 0 =; mediaAttr 0 0 =; hasMediaAttr 0 =", "0 1 -1 0", "m=1 ="},
+          byChar);
 }
 
 TEST(SDPDesc, GeneratesOnlyWhatBeginsLikeADescription)
@@ -131,6 +136,9 @@ TEST(SDPDesc, GeneratesOnlyWhatBeginsLikeADescription)
     EXPECT_EQ(-1, list.generate(nullptr));
     EXPECT_EQ("v=0|o=x|s=y|s=|a=2|", generated(list));
     EXPECT_EQ(0, list.get('a', nullptr) + list.attr(0, nullptr, nullptr));
+    list.clear();
+    EXPECT_EQ("0 0 0 0 0 0 3", // the last line goes, twice
+              run(list, "parse s=1|; remove s; parse m=1|a=2|; removeMedia 0 m; nMedia; parse t=3|; get t", byChar));
     list.clear();
     EXPECT_EQ("0 -1 1 0", run(list, "set 0; get =; has =; has 0", byChar)); // the line is just "="
     EXPECT_EQ(0, list.parse(bytes(std::string("m=1\na=n\0:\0", 10))));

@@ -54,9 +54,11 @@ TEST(PRegEx, FindsGroups)
         {"(a*)(a+)(a{0,1})", {"aaa => aa|a||", "b => "}},
         {"((a)(b*))c", {"abbc => abb|a|bb|", "abab => "}},
         {"([-.*+$]+)([^^]*).([\\d;a]+)", {"1.*+-$x^1;a^ => .*+-$|x|1;a|", "^x => "}},
+        {"([[a-]+)", {"b[-a => [-a|"}},
         {"(\\s+)", {"a \t\n\v\f\rb =>  \t\n\v\f\r|", "\x85\xa0\x1c => "}},
         {"(.+)", {"\na\nb => a|", "\n => "}},
         {"^(A)", {"AA => A|", "aA => ", "a\nA => "}},
+        {"(^A)", {"AA => A|", "aA => "}},
         {"(a)$", {"aa => a|", "ab => ", "a\n => "}},
     };
     for (const auto& row : rows)
@@ -81,6 +83,8 @@ TEST(PRegEx, MatchesNothingByOtherConstructs)
         EXPECT_FALSE(pattern.match((std::string(text) + " aab").c_str(), 0)) << text;
         EXPECT_EQ(1, pattern.split("a b", 0)) << text;
     }
+    for (const unsigned int n : {255U, 256U}) // the most groups that a pattern has, and one more
+        EXPECT_EQ(n < 256, PRegEx(bytes(repeated("(a)", n)), 0).match(bytes(repeated("a", n)), 0)) << n;
     EXPECT_FALSE(PRegEx("a", 1).match("a", 0) || PRegEx(static_cast<const char*>(nullptr), 1).match("", 0));
 }
 
@@ -90,8 +94,8 @@ TEST(PRegEx, StartsWhereItIsToldAndHasNoGroupsWhereThereAreNone)
         const char* pattern;
         int start;
         const char* whole; // null for no match
-    } rows[] = {{"ab*", 0, "ab"},    {"ab*", 1, "abb"}, {"ab*", -3, "ab"}, {"ab*", 4, nullptr},
-                {"^ab", 3, nullptr}, {"x*", 6, ""},     {"x*", 7, nullptr}};
+    } rows[] = {{"ab*", 0, "ab"},    {"ab*", 1, "abb"}, {"ab*", -3, "ab"},  {"ab*", 4, nullptr},
+                {"^ab", 3, nullptr}, {"x*", 6, ""},     {"x*", 7, nullptr}, {"", 1, ""}};
     for (const auto& row : rows) {
         PRegEx pattern(row.pattern, 0);
         EXPECT_EQ(row.whole != nullptr, pattern.match("ab abb", row.start)) << row.pattern << " from " << row.start;

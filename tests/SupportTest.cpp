@@ -87,6 +87,9 @@ TEST(String, TakesPartsOfItselfAndNulBytes)
     EXPECT_EQ(" moved", str(from) + " " + str(to));
     from = std::move(to);
     EXPECT_EQ("moved ", str(from) + " " + str(to));
+    String& same = from;
+    from = std::move(same);
+    EXPECT_EQ("moved", str(from));
 
     String inPlace = String::inPlace("in place", 8);
     std::memcpy(inPlace.extend(5), ", not", 5);
@@ -95,6 +98,7 @@ TEST(String, TakesPartsOfItselfAndNulBytes)
     EXPECT_EQ("place at last", str(String::inPlace("place at last", 13).shorten(13)));
     EXPECT_EQ("place", str(String::inPlace("place at last", 13).shorten(5)));
     EXPECT_EQ("a longer place", str(String::inPlace("a longer place at last", 22).shorten(14)));
+    EXPECT_EQ("longer than the place", str(String::inPlace("place", 5).assign("longer than the place")));
     EXPECT_EQ("", str(String::inPlace("", 0).append("", 0).shorten(0)));
 }
 
