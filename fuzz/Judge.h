@@ -2,9 +2,7 @@
 #pragma once
 
 #include <algorithm>
-#include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace fuzz {
@@ -22,14 +20,15 @@ struct Judge {
     const std::vector<Element>& pattern;
     const std::string& subject;
     std::vector<std::size_t> at = std::vector<std::size_t>(pattern.size() + 1); // where each element began
-    std::set<std::pair<std::size_t, std::size_t>> failed = {};
+    std::vector<bool> failed = std::vector<bool>(pattern.size() * (subject.size() + 1)); // by element and position
 
     bool matches(std::size_t element, std::size_t position)
     {
         at[element] = position;
         if (element == pattern.size())
             return true;
-        if (failed.count({element, position}) > 0)
+        const std::size_t way = element * (subject.size() + 1) + position;
+        if (failed[way])
             return false;
         const Element& now = pattern[element];
         const std::size_t runEnd = std::min(subject.find_first_not_of(now.set, position), subject.size());
@@ -37,7 +36,7 @@ struct Judge {
         for (std::size_t n = std::min(now.most, runEnd - position) + 1; !misplaced && n-- > now.least;)
             if (matches(element + 1, position + n))
                 return true;
-        failed.insert({element, position});
+        failed[way] = true;
         return false;
     }
 
