@@ -4,9 +4,16 @@
 # A comment with an empty line behind it is a heading over what follows. Destructors that say nothing, deleted
 # operations and hidden members are no part of the reference.
 
-function escaped(text) {
-    if (text !~ /^    /) # not an indented block, which is shown as it is
-        gsub(/[\\@<>#%]/, "\\\\&", text)
+# What stands in quotes, or in an indented block, is shown as it is.
+function escaped(text, piece, n, i) {
+    if (text ~ /^    /)
+        return text
+    n = split(text, piece, /"/)
+    for (i = 1; i <= n; i += 2)
+        gsub(/[\\@<>#%]/, "\\\\&", piece[i])
+    text = piece[1]
+    for (i = 2; i <= n; ++i)
+        text = text "\"" piece[i]
     return text
 }
 
