@@ -9,15 +9,7 @@ flags=$4
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
 
-# A consumer configured with these arguments builds and runs.
-consume() {
-    local name=$1
-    shift
-    cmake -S "$source/tests/consumer" -B "$dir/$name" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
-        -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_CXX_STANDARD=17 "$@"
-    cmake --build "$dir/$name"
-    "$dir/$name/consumer"
-}
+source "$source/tests/consume.sh"
 
 # Staged as a packager does it, and then moved away from the prefix that it was configured for.
 DESTDIR=$dir/stage cmake --install "$build" >/dev/null
@@ -29,12 +21,7 @@ if [ -e "$dir/moved/bin/ymsdp" ]; then
     "$dir/moved/bin/ymsdp" --version
 fi
 consume installed -DCMAKE_PREFIX_PATH="$dir/moved"
-consume subproject -Dym_sdp_source="$source"
-
-if command -v pkg-config >/dev/null; then
-    libdir=$(dirname "$(find "$dir/moved" -name 'libym_sdp.*' -not -name '*.pc' -print -quit)")
-    export PKG_CONFIG_PATH=$libdir/pkgconfig
-    # shellcheck disable=SC2046,SC2086 # words
-    "$compiler" -std=c++17 $flags "$source/tests/consumer/main.cpp" -o "$dir/plain" $(pkg-config --cflags --libs ym_sdp)
-    LD_LIBRARY_PATH=$libdir "$dir/plain"
-fi
+# Who says nothing gets static libraries, as CMake has it.
+shared=$(grep -o '^BUILD_SHARED_LIBS:BOOL=ON' "$build/CMakeCache.txt" || true)
+consume subproject -Dym_sdp_source="$source" ${shared:+"-D$shared"}
+consume_by_pkg_config "$dir/moved"
