@@ -1,7 +1,8 @@
-# Runs `program`, compares what it prints with the file `output`, and looks for `source` and `output` in `readme`.
+# Runs `program` with `input` on its standard input, compares what it prints with the file `output`, and looks for
+# `source` and `output` in `readme`.
 
 file(READ ${output} expected)
-execute_process(COMMAND ${program} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
+execute_process(COMMAND ${program} INPUT_FILE ${input} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
 string(REPLACE "\r\n" "\n" printed "${printed}")
 if(NOT status EQUAL 0 OR NOT printed STREQUAL expected)
     message(FATAL_ERROR "${program} gives status ${status} and prints\n${printed}\ninstead of\n${expected}")

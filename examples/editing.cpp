@@ -13,18 +13,15 @@ int main()
                    "s=-\r\n"
                    "t=0 0\r\n"
                    "m=audio 40000 RTP/AVP 0\r\n"
-                   "c=IN IP4 10.0.0.7\r\n"
                    "a=candidate:1 1 UDP 2130706431 10.0.0.7 40000 typ host\r\n"
                    "a=candidate:2 1 UDP 1694498815 203.0.113.9 50000 typ srflx\r\n"
                    "a=x-seat:12\r\n"
-                   "m=message 2855 TCP/MSRP *\r\n"
-                   "a=path:msrp://10.0.0.7:2855/s;tcp\r\n")
+                   "m=message 2855 TCP/MSRP *\r\n")
         != 0)
         return 1;
 
     desc.set('b', "AS:128"); // a new line goes to its place in the canonical order
     desc.setMedia(0, 'm', "audio 20000 RTP/AVP 0");
-    desc.setMedia(0, 'c', "IN IP4 198.51.100.1");
 
     ym::String name, value;
     for (int n = 0; desc.mediaAttr(0, n, &name, &value, 'a') == 0;) {

@@ -19,12 +19,9 @@ int main()
                         "a=sendonly\r\n";
 
     SDPDescEx session;
-    if (session.parse(offer) != 0) {
-        std::cerr << "not a session description\n";
+    if (session.parse(offer) != 0)
         return 1;
-    }
     std::cout << session.sessionName().chars() << " from " << session.connectionAddress().chars() << "\n";
-
     for (unsigned int i = 0; i < session.nMediaAudio(); ++i) {
         SDPMedia* audio = session.mediaAudio(i);
         std::cout << "audio from port " << audio->port() << (audio->sendonly() ? ", one way" : "") << "\n";

@@ -11,12 +11,14 @@
 
 namespace ym::sdpcheck {
 
+// How much a finding matters.
 enum class Severity {
     error,   // the text can not be used as it is
     warning, // what the text says is not what the objects hold
     note,    // the text comes out in another form or order, and says the same
 };
 
+// What becomes of a line.
 enum class Outcome {
     refused,  // SDPDescEx::parse gives -1 because of this line
     lost,     // nothing of the line comes out
@@ -27,13 +29,14 @@ enum class Outcome {
 
 // What a code stands for. The texts are constants of the library.
 struct Kind {
-    const char* code; // in kebab-case; codes stay the same from version to version
-    Outcome outcome;
-    Severity severity;
+    const char* code;   // in kebab-case; codes stay the same from version to version
+    Outcome outcome;    // what becomes of the line
+    Severity severity;  // and how much that matters
     const char* reason; // one sentence
     const char* repair; // how to write the line so that it comes through, or what to do else
 };
 
+// One line, or several that stand next to each other, and what becomes of them.
 struct Finding {
     std::size_t line;     // from 1 on; 0 for an invented line
     std::size_t lastLine; // the finding is about all lines up to this one; mostly `line` itself

@@ -72,6 +72,8 @@ public:
     // Generates the text and drops it. Prints nothing.
     void dump();
 
+    // The session level, line by line
+
     // v=: protocol version
     unsigned long version();
     void setVersion(unsigned long version);
@@ -173,7 +175,9 @@ public:
     // Removes the first attribute of this name. Always 0.
     int removeAttr(const String& name);
 
-    // m=: media sections, in three lists. The list that holds a section decides its place in the text, whatever its
+    // The media sections
+
+    // m=: three lists of sections. The list that holds a section decides its place in the text, whatever its
     // type.
     bool hasMedia();
     unsigned int nMedia();

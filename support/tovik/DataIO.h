@@ -22,6 +22,7 @@ public:
 // Reads a block of memory that it does not own. The block must stay valid for the life of the object.
 class YM_EXPORT MemoryIO : public DataIO {
 public:
+    // Reads `size` bytes from `data` on. With a size of 0, `data` may be null.
     MemoryIO(const void* data, unsigned int size);
     ~MemoryIO() override;
 

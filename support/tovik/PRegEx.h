@@ -8,11 +8,13 @@ namespace ym {
 // A regular expression in the plain Perl style, and the outcome of its last match or split.
 //
 // A pattern is a sequence of
-//   x \s \S \d .      a byte; white space (blank, \t \n \v \f \r) or none; a digit 0 to 9; any byte but \n
-//   [...] [^...]      one byte of, or not of, a set of bytes and the classes \s \S \d
-//   * + {0,1}         behind one of these: as often as possible, at least once, at most once
-//   ( )               a capture group; groups may not be repeated
-//   ^ $               the beginning and the very end of the subject
+//
+//     x \s \S \d .      a byte; white space (blank, \t \n \v \f \r) or none; a digit 0 to 9; any byte but \n
+//     [...] [^...]      one byte of, or not of, a set of bytes and the classes \s \S \d
+//     * + {0,1}         behind one of these: as often as possible, at least once, at most once
+//     ( )               a capture group; groups may not be repeated
+//     ^ $               the beginning and the very end of the subject
+//
 // A pattern with any other construct (alternatives, ranges, lazy or counted repetition, other escapes) matches
 // nothing. Bytes are compared one by one, with case, NUL bytes like others.
 //

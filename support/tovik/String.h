@@ -19,6 +19,7 @@ public:
     // The position that stands for "none" as a result of find, and for "the end" as an argument of substring.
     static constexpr unsigned int npos = 0xFFFFFFFF;
 
+    // The empty text, a text, or the bytes of another string.
     String();
     String(const char* text);
     String(const String& other);
@@ -30,6 +31,7 @@ public:
     // its own.
     static String inPlace(const char* text, unsigned int length);
 
+    // Replaces the content by a text, or by the bytes of another string.
     String& operator=(const char* text);
     String& operator=(const String& other);
     String& operator=(String&& other) noexcept; // leaves `other` empty
