@@ -6,7 +6,7 @@ set -uo pipefail
 YMSDP=$1
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
-cd "$dir"
+cd "$dir" || exit
 unset NO_COLOR
 failures=0
 

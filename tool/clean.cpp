@@ -32,14 +32,14 @@ private:
 std::string_view trimmed(std::string_view line)
 {
     const std::size_t begin = line.find_first_not_of(" \t");
-    if (begin == std::string_view::npos)
+    if (begin == none)
         return {};
     return line.substr(begin, line.find_last_not_of(" \t") - begin + 1);
 }
 
 bool isKnown(std::string_view line)
 {
-    return line.size() >= 2 && line[1] == '=' && std::string_view("vosiuepcbzktram").find(line[0]) != line.npos;
+    return line.size() >= 2 && line[1] == '=' && std::string_view("vosiuepcbzktram").find(line[0]) != none;
 }
 
 } // namespace

@@ -147,20 +147,20 @@ std::optional<Attribute> attributeOf(std::string_view line)
     return Attribute{line.substr(0, colon), line.substr(std::min(colon + 1, line.size()))};
 }
 
-Trouble refusal(const Description& description)
+std::string refusal(const Description& description)
 {
     for (const ym::sdpcheck::Finding& finding : ym::sdpcheck::report(description.text)) {
         if (finding.kind->outcome == ym::sdpcheck::Outcome::refused)
-            return Trouble(description.name + ":" + std::to_string(finding.line + description.skipped) + ": "
-                           + quote(finding.text) + ": " + finding.kind->reason);
+            return description.name + ":" + std::to_string(finding.line + description.skipped) + ": "
+                + quote(finding.text) + ": " + finding.kind->reason;
     }
-    return Trouble(description.name + ": refused");
+    return description.name + ": refused";
 }
 
 void requireLines(const Description& description)
 {
     if (ym::SDP::SDPDesc("\r\n").parse(stringOf(description.text)) != 0)
-        throw refusal(description);
+        throw Trouble(refusal(description));
 }
 
 } // namespace ymsdp

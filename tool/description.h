@@ -49,9 +49,9 @@ std::string_view valueOf(const Lines& level, char type);
 std::optional<Attribute> attributeOf(std::string_view line);
 
 // What to tell about a text that the library refuses: the first line that is to blame.
-Trouble refusal(const Description& description);
+std::string refusal(const Description& description);
 
-// Throws the refusal if the line view does not take the text.
+// Throws Trouble if the line view does not take the text.
 void requireLines(const Description& description);
 
 } // namespace ymsdp

@@ -36,7 +36,7 @@ struct Edit {
     }
 
     // "rtpmap:96" is parted by a blank from the rest, "ptime" by a colon.
-    char separator() const { return name.find(':') == std::string::npos ? ':' : ' '; }
+    char separator() const { return name.find(':') == none ? ':' : ' '; }
 
     std::string line() const { return std::string{type, '='} + value; }
 };
@@ -81,7 +81,7 @@ void takeType(std::string_view& rest, Edit& edit)
     if (edit.type == 'm')
         return;
     const std::string_view types = edit.inSection ? "micbka" : "vosiuepcbtrzkam";
-    if (rest.empty() || types.find(rest[0]) == types.npos)
+    if (rest.empty() || types.find(rest[0]) == none)
         refuse(edit.source,
                edit.inSection ? "a section has lines of the types m i c b k a"
                               : "a session has lines of the types v o s i u e p c b t r z k a m");
@@ -102,7 +102,7 @@ void takeNameAndValue(std::string_view rest, Edit& edit)
         refuse(edit.source, "what is removed has no value");
     if (!hasValue && edit.action != Edit::Remove && (edit.type != 'a' || name.empty()))
         refuse(edit.source, "= and a value are missing");
-    if (edit.source.find_first_of("\r\n") != std::string::npos)
+    if (edit.source.find_first_of("\r\n") != none)
         refuse(edit.source, "a value is one line");
     if (!name.empty()) {
         edit.name = name.substr(1);

@@ -13,17 +13,17 @@ namespace {
 
 bool isAddress4(std::string_view word)
 {
-    return !word.empty() && word.find_first_not_of("0123456789.") == word.npos && word.find('.') != word.npos;
+    return !word.empty() && word.find_first_not_of("0123456789.") == none && word.find('.') != none;
 }
 
 bool isAddress6(std::string_view word)
 {
-    return word.find_first_not_of("0123456789abcdefABCDEF:.") == word.npos && word.find(':') != word.npos;
+    return word.find_first_not_of("0123456789abcdefABCDEF:.") == none && word.find(':') != none;
 }
 
 bool isNumber(std::string_view word)
 {
-    return !word.empty() && word.find_first_not_of("0123456789") == word.npos;
+    return !word.empty() && word.find_first_not_of("0123456789") == none;
 }
 
 // Addresses that say nothing of whose they are.
@@ -69,7 +69,7 @@ std::string lastBytes(std::size_t n)
 std::string exampleAddress(std::size_t n)
 {
     static constexpr const char* networks[] = {"192.0.2.", "198.51.100.", "203.0.113."};
-    return n <= 3 * 254 ? networks[(n - 1) / 254] + std::to_string((n - 1) % 254 + 1) : "0." + lastBytes(n);
+    return n <= 762 ? networks[(n - 1) / 254] + std::to_string((n - 1) % 254 + 1) : "0." + lastBytes(n);
 }
 
 // The address of number `n` in place of another one: private, multicast or public like that.
@@ -77,7 +77,7 @@ std::string newAddress4(std::string_view address, std::size_t n)
 {
     if (isPrivate(address))
         return "10." + lastBytes(n);
-    return isMulticast(address) ? "233." + lastBytes(252 * 65536 + n) : exampleAddress(n); // 233.252.0.0: RFC 6676
+    return isMulticast(address) ? "233." + lastBytes(0xFC0000 + n) : exampleAddress(n); // 233.252.0.0: RFC 6676
 }
 
 std::string newAddress6(std::string_view address, std::size_t n)
@@ -194,21 +194,21 @@ std::string Hider::user(std::string_view word)
 
 std::string Hider::freeText(std::string_view text)
 {
-    return text.find_first_not_of(" -*") == text.npos ? std::string(text) : same(newText, text);
+    return text.find_first_not_of(" -*") == none ? std::string(text) : same(newText, text);
 }
 
 // "alice@192.0.2.1:554", "[2001:db8::1]"
 std::string Hider::authority(std::string_view text)
 {
     std::string result;
-    if (const std::size_t at = text.rfind('@'); at != text.npos) {
+    if (const std::size_t at = text.rfind('@'); at != none) {
         result = user(text.substr(0, at)) + "@";
         text.remove_prefix(at + 1);
     }
-    const bool isBracketed = !text.empty() && text[0] == '[' && text.find(']') != text.npos;
+    const bool isBracketed = !text.empty() && text[0] == '[' && text.find(']') != none;
     const std::size_t end = std::min(text.find(isBracketed ? ']' : ':'), text.size());
     const std::string_view port = text.substr(end);
-    const bool isPlain = port.find_first_not_of("]:0123456789") == port.npos;
+    const bool isPlain = port.find_first_not_of("]:0123456789") == none;
     result.append(isBracketed ? "[" : "").append(address(text.substr(isBracketed, end - isBracketed)));
     return result.append(isPlain ? port : port.substr(0, isBracketed));
 }
@@ -217,7 +217,7 @@ std::string Hider::authority(std::string_view text)
 std::string Hider::uri(std::string_view text)
 {
     const std::size_t slashes = text.find("://");
-    if (slashes == text.npos)
+    if (slashes == none)
         return freeText(text);
     const std::size_t host = slashes + 3;
     const std::size_t path = std::min(text.find_first_of("/?#;", host), text.size());
@@ -240,7 +240,7 @@ std::string Hider::connection(std::string_view value)
 {
     const std::size_t slash = std::min(value.find('/'), value.size());
     const std::string_view tail = value.substr(slash);
-    const bool isKept = tail.find_first_not_of("0123456789/ ") == tail.npos;
+    const bool isKept = tail.find_first_not_of("0123456789/ ") == none;
     return byWords("..A", value.substr(0, slash)) + std::string(isKept ? tail : "");
 }
 
@@ -258,7 +258,7 @@ std::string Hider::crypto(std::string_view value)
     std::string result;
     while (true) {
         const std::size_t begin = value.find("inline:");
-        if (begin == value.npos)
+        if (begin == none)
             return result.empty() ? byWords("..K", value) : result.append(value);
         const std::size_t end = std::min(value.find_first_of("|; ", begin + 7), value.size());
         result.append(value.substr(0, begin + 7)).append(key(value.substr(begin + 7, end - begin - 7)));
@@ -284,7 +284,7 @@ std::string Hider::source(std::string_view value)
 {
     const std::size_t blank = std::min(value.find(' '), value.size());
     const std::size_t colon = value.find(':', blank);
-    if (colon == value.npos)
+    if (colon == none)
         return isNumber(value) ? std::string(value) : freeText(value);
     const std::string_view name = value.substr(blank, colon - blank);
     const std::string_view rest = value.substr(colon + 1);
@@ -301,7 +301,7 @@ std::string Hider::attributeValue(std::string_view name, std::string_view value)
     static const std::map<std::string_view, const char*> patterns
         = {{"fingerprint", ".K"},   {"ice-pwd", "K"}, {"ice-ufrag", "K"},        {"key-mgmt", ".K"}, {"msid", "K"},
            {"msid-semantic", ".K"}, {"rtcp", "...A"}, {"source-filter", "...A"}, {"identity", "K"},  {"tls-id", "K"}};
-    if (harmless.find(" " + std::string(name) + " ") != harmless.npos)
+    if (harmless.find(" " + std::string(name) + " ") != none)
         return std::string(value);
     if (const auto found = patterns.find(name); found != patterns.end())
         return byWords(found->second, value);

@@ -9,7 +9,7 @@ Result rewrite(const Description& description, const TextOptions& options)
 {
     ym::SDP::SDPDescEx session;
     if (session.parse(stringOf(description.text)) != 0)
-        throw refusal(description);
+        throw Trouble(refusal(description));
     ym::String text;
     session.generate(&text);
     return {textOf(linesOf(view(text)), options.lf)};

@@ -136,7 +136,7 @@ Status tellRefusal(const Description& description)
 {
     if (ym::SDP::SDPDescEx().parse(stringOf(description.text)) == 0)
         return Success;
-    complain(refusal(description).what());
+    complain(refusal(description));
     return Troubled;
 }
 

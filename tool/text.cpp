@@ -93,7 +93,7 @@ std::string quote(std::string_view line)
 std::vector<std::string_view> words(std::string_view text)
 {
     std::vector<std::string_view> result;
-    for (std::size_t begin = 0; (begin = text.find_first_not_of(" \t", begin)) != std::string_view::npos;) {
+    for (std::size_t begin = 0; (begin = text.find_first_not_of(" \t", begin)) != none;) {
         const std::size_t end = std::min(text.find_first_of(" \t", begin), text.size());
         result.push_back(text.substr(begin, end - begin));
         begin = end;

@@ -1,6 +1,7 @@
 // Texts as a person at a terminal gets to see them, and the words in them.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,9 @@
 #include <tovik/String.h>
 
 namespace ymsdp {
+
+// The position of what is not found.
+inline constexpr std::size_t none = std::string_view::npos;
 
 std::string_view view(const ym::String& text);
 ym::String stringOf(std::string_view text);
