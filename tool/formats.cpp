@@ -1,6 +1,7 @@
 #include "formats.h"
 
 #include <map>
+#include <set>
 
 #include "text.h"
 
@@ -52,7 +53,10 @@ std::vector<Format> formatsOf(const Lines& section)
     auto mappings = byFormat(section, "rtpmap");
     auto parameters = byFormat(section, "fmtp");
     std::vector<Format> formats;
+    std::set<std::string_view> seen;
     for (const std::string_view number : media.formats) {
+        if (!seen.insert(number).second)
+            continue;
         const bool isStatic = media.isRtp() && mappings.count(number) == 0;
         std::string mapping = isStatic ? staticMapping(number) : mappings[number];
         formats.push_back({std::string(number), std::move(mapping), parameters[number], isStatic});

@@ -28,7 +28,7 @@ struct Format {
 
 MediaLine mediaLineOf(const Lines& section);
 
-// In the order of the media line.
+// In the order of the media line, each number once.
 std::vector<Format> formatsOf(const Lines& section);
 
 } // namespace ymsdp

@@ -61,6 +61,14 @@ void putField(std::string& out, const char* name, std::string_view text)
     out.append("  ").append(name).append(12 - std::string_view(name).size(), ' ').append(shown).append("\n");
 }
 
+void putLinesOf(std::string& out, const char* name, const Lines& level, char type)
+{
+    for (const std::string& line : level) {
+        if (isType(line, type))
+            putField(out, name, std::string_view(line).substr(2));
+    }
+}
+
 void putFormat(std::string& out, const Format& format)
 {
     std::string text = "    " + format.number;
@@ -69,7 +77,7 @@ void putFormat(std::string& out, const Format& format)
     if (format.isStatic && !format.mapping.empty())
         text += " (static)";
     if (!format.parameters.empty())
-        text.append(text.size() < 28 ? 28 - text.size() : 2, ' ').append(format.parameters);
+        text.append(text.size() < 30 ? 30 - text.size() : 2, ' ').append(format.parameters);
     out += printable(text) + "\n";
 }
 
@@ -81,9 +89,9 @@ void putSection(std::string& out, const Lines& section, std::size_t index, const
     const std::string direction = directionOf(section);
     rest += (direction.empty() ? "" : " " + direction) + (media.port == "0" ? " (rejected)" : "");
     out += paint(Paint::Bold, printable(title)) + printable(rest) + "\n";
-    putField(out, "title", valueOf(section, 'i'));
-    putField(out, "connection", valueOf(section, 'c'));
-    putField(out, "bandwidth", valueOf(section, 'b'));
+    putLinesOf(out, "title", section, 'i');
+    putLinesOf(out, "connection", section, 'c');
+    putLinesOf(out, "bandwidth", section, 'b');
     if (media.isRtp()) {
         for (const Format& format : formatsOf(section))
             putFormat(out, format);
@@ -103,12 +111,12 @@ void putSummary(std::string& out, const Levels& levels, const Paint& paint)
     for (const Lines& level : levels)
         nLines += level.size();
     out += paint(Paint::Bold, "session") + " of " + std::to_string(nLines) + " lines\n";
-    putField(out, "name", valueOf(session, 's'));
-    putField(out, "origin", valueOf(session, 'o'));
-    putField(out, "title", valueOf(session, 'i'));
-    putField(out, "connection", valueOf(session, 'c'));
-    putField(out, "bandwidth", valueOf(session, 'b'));
-    putField(out, "time", valueOf(session, 't'));
+    putLinesOf(out, "name", session, 's');
+    putLinesOf(out, "origin", session, 'o');
+    putLinesOf(out, "title", session, 'i');
+    putLinesOf(out, "connection", session, 'c');
+    putLinesOf(out, "bandwidth", session, 'b');
+    putLinesOf(out, "time", session, 't');
     putField(out, "direction", directionOf(session));
     putField(out, "attributes", attributeNames(session));
     for (std::size_t i = 1; i < levels.size(); ++i)

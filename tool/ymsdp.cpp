@@ -50,12 +50,13 @@ Result overAll(const std::vector<std::string>& paths, const std::function<Result
 
 void addFiles(CLI::App& sub, Arguments& arguments)
 {
-    sub.add_option("FILE", arguments.paths, "The descriptions; \"-\" or none is the standard input");
+    sub.add_option("FILE", arguments.paths, "The descriptions; \"-\" or none is the standard input")
+        ->option_text("...");
 }
 
 void addFile(CLI::App& sub, Arguments& arguments)
 {
-    sub.add_option("FILE", arguments.path, "The description; \"-\" or none is the standard input");
+    sub.add_option("FILE", arguments.path, "The description; \"-\" or none is the standard input")->option_text(" ");
     sub.add_flag("--lf", arguments.text.lf, "End lines with LF instead of CR LF");
 }
 
@@ -78,7 +79,8 @@ void addCheck(CLI::App& app, Arguments& arguments, Command& command)
     CLI::App* sub = app.add_subcommand("check", "Tell which lines do not come through the objects, and why");
     addFiles(*sub, arguments);
     sub->add_option("--severity", arguments.check.severity, "The least that is shown: error, warning (default), note")
-        ->check(CLI::IsMember({"error", "warning", "note"}));
+        ->check(CLI::IsMember({"error", "warning", "note"}))
+        ->option_text("LEVEL");
     sub->add_flag("--hints", arguments.check.hints, "Tell what to do about each");
     sub->add_flag("--json", arguments.check.json, "Print the findings as JSON");
     sub->callback([&command] {
@@ -110,12 +112,13 @@ void addFilters(CLI::App& app, Arguments& arguments, Command& command)
         ->add_option("-e,--edit", arguments.edits,
                      "s=NEW, m1.c=IN IP4 192.0.2.9, m0.a:ptime=20, -m2, -m*.a:rtcp-fb, +m=audio 9 RTP/AVP 0")
         ->required()
+        ->option_text("EDIT ...")
         ->allow_extra_args(false);
     CLI::App* sub = addFilter(
         app, "codecs", "Choose formats by name or number", arguments, command,
         [](const Description& text, const Arguments& args) { return codecs(text, args.codecs, args.text); });
     const auto add = [&](const char* name, std::vector<std::string>& list, const char* help) {
-        sub->add_option(name, list, help)->delimiter(',')->allow_extra_args(false);
+        sub->add_option(name, list, help)->delimiter(',')->option_text("LIST")->allow_extra_args(false);
     };
     add("--keep", arguments.codecs.keep, "Keep these, and no others");
     add("--drop", arguments.codecs.drop, "Take these out");
@@ -135,7 +138,8 @@ Status runCommandLine(int argc, char** argv)
                  "ymsdp");
     app.set_version_flag("--version", std::string("ymsdp ") + ym::SDP_version);
     app.add_option("--color", arguments.color, "auto (default), always or never")
-        ->check(CLI::IsMember({"auto", "always", "never"}));
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->option_text("WHEN");
     app.require_subcommand(1);
     app.fallthrough();
     addShow(app, arguments, command);
