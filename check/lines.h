@@ -77,8 +77,6 @@ public:
         found_.push_back({0, 0, 0, &kind, {}, std::string(became)});
     }
 
-    std::size_t size() const { return found_.size(); }
-
     std::vector<Finding> inOrder() &&
     {
         std::stable_sort(found_.begin(), found_.end(),

@@ -82,7 +82,12 @@ private:
             findings_.add(line, line.hasNul() ? kind::nulByte : kind::spelling, text);
             return;
         }
-        const std::size_t before = findings_.size();
+        // Each kind once, lest a report grows with the square of the text: every finding holds the line.
+        std::set<const Kind*> told;
+        const auto tell = [&](const Kind& kind, std::size_t at) {
+            if (told.insert(&kind).second)
+                findings_.add(line, kind, text, at + 1);
+        };
         std::set<std::string_view> seen;
         int n = 0; // type, port, transport, formats
         for (std::size_t at = 2; (at = line.text.find_first_not_of(" \t", at)) != std::string_view::npos; ++n) {
@@ -90,14 +95,14 @@ private:
             const std::string_view word = line.text.substr(at, end - at);
             const bool isNumber = matches(R"(^\d+$)", word);
             if ((n == 1 || n > 2) && isNumber && hasLargeNumber(word, false))
-                findings_.add(line, kind::tooLarge, text, at + 1);
+                tell(kind::tooLarge, at);
             else if (n > 2 && !isNumber)
-                findings_.add(line, kind::formatNoNumber, text, at + 1);
+                tell(kind::formatNoNumber, at);
             if (n > 2 && !seen.insert(word).second)
-                findings_.add(line, kind::repeatedFormat, text, at + 1);
+                tell(kind::repeatedFormat, at);
             at = end;
         }
-        if (findings_.size() == before)
+        if (told.empty())
             findings_.add(line, kind::spelling, text);
     }
 
