@@ -82,7 +82,8 @@ private:
             findings_.add(line, line.hasNul() ? kind::nulByte : kind::spelling, text);
             return;
         }
-        std::set<const Kind*> told; // each once, since a line may have as many faults as bytes
+        // Each kind once, lest a report grows with the square of the text: every finding holds the line.
+        std::set<const Kind*> told;
         const auto tell = [&](const Kind& kind, std::size_t at) {
             if (told.insert(&kind).second)
                 findings_.add(line, kind, text, at + 1);

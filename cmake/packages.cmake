@@ -50,8 +50,8 @@ set(CPACK_COMPONENT_YM_SDP_DEVELOPMENT_DEPENDS ym_sdp_runtime)
 
 if(TARGET ymsdp)
     debian_package(ym_sdp_tool ymsdp utils "tool for session descriptions
-Shows what the library ym_sdp makes of a session description (SDP, RFC 8866),
-and rewrites it.")
+Shows, checks, rewrites, edits, cleans and hides session descriptions (SDP,
+RFC 8866), and chooses the formats that they offer.")
     set(CPACK_COMPONENT_YM_SDP_TOOL_DEPENDS ym_sdp_runtime)
     set(CPACK_DEBIAN_YM_SDP_TOOL_PACKAGE_SHLIBDEPS ON)
 endif()

@@ -2,7 +2,7 @@
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-to_build=(g++ cmake ninja-build libcli11-dev)
+to_build=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 to_test=("${to_build[@]}" googletest libgtest-dev pkg-config)
 to_bench=(g++ cmake ninja-build libbenchmark-dev pkg-config valgrind)
 

@@ -156,4 +156,16 @@ TEST(Report, HasARepairForEachKind)
         EXPECT_EQ(1U, codes.count(kind->code)) << kind->code;
 }
 
+// Every finding holds its line: there must not be many of a line that is long.
+TEST(Report, IsNoLongerThanTheTextAllows)
+{
+    std::string text = "v=0\no=a 1 2 IN IP4 192.0.2.1\ns=-\nt=0 0\nm=application 9 x";
+    for (int i = 0; i < 1000; ++i)
+        text += " 0 70000 *";
+    std::size_t size = 0;
+    for (const Finding& finding : report(text))
+        size += finding.text.size() + finding.became.size();
+    EXPECT_LE(size, 10 * text.size());
+}
+
 } // namespace

@@ -1,20 +1,23 @@
 #include "description.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
 #include <sdp/SDPDesc.h>
-#include <tovik/DataIO.h>
-#include <tovik/LineAdapter.h>
+#include <sdpcheck/report.h>
 
 #include "text.h"
 
 namespace ymsdp {
 
 namespace {
+
+constexpr std::uint64_t longestText = 4294967294;
 
 struct FileCloser {
     void operator()(std::FILE* file) const
@@ -31,76 +34,133 @@ using File = std::unique_ptr<std::FILE, FileCloser>;
     throw Trouble(name + ": " + std::strerror(errno));
 }
 
-ym::String readAll(std::FILE* file, const std::string& name)
+std::string readAll(std::FILE* file, const std::string& name)
 {
-    ym::String text;
+    std::string text;
     std::array<char, 65536> block;
     std::size_t n = 0;
     while ((n = std::fread(block.data(), 1, block.size(), file)) > 0) {
-        try {
-            text.append(block.data(), static_cast<unsigned int>(n));
-        } catch (const std::length_error&) {
+        if (text.size() + n > longestText)
             throw Trouble(name + ": more than 4294967294 bytes");
-        }
+        text.append(block.data(), n);
     }
     if (std::ferror(file))
         fail(name);
     return text;
 }
 
-// A line as messages quote it, cut where it would fill the screen.
-std::string quoted(const ym::String& line)
+// Takes the first line off the text.
+std::string_view takeLine(std::string_view& text)
 {
-    constexpr std::size_t longest = 100;
-    const std::string_view text = view(line);
-    return '"' + printable(text.substr(0, longest)) + (text.size() > longest ? "..." : "") + '"';
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + (text.substr(end, 2) == "\r\n" ? 2 : 1), text.size()));
+    return line;
 }
 
-std::string blame(const ym::String& line)
+bool isProtocol(std::string_view word)
 {
-    if (line.length() == 0)
-        return "an empty line with other lines behind it";
-    return quoted(line) + R"( does not begin with one of "vosiuepcbzktram" and "=")";
+    return beginsWith(word, "SIP/") || beginsWith(word, "RTSP/") || beginsWith(word, "HTTP/");
+}
+
+// "INVITE sip:bob@example.com SIP/2.0", "RTSP/1.0 200 OK"
+bool isStartLine(std::string_view line)
+{
+    const auto parts = words(line);
+    return parts.size() >= 2 && (isProtocol(parts.front()) || isProtocol(parts.back()));
+}
+
+Description withoutMessage(std::string name, std::string text)
+{
+    std::string_view rest = text;
+    std::string_view peek = text;
+    if (!isStartLine(takeLine(peek)))
+        return {std::move(name), std::move(text)};
+    std::size_t skipped = 0;
+    for (; !isType(rest, 'v'); ++skipped) {
+        if (rest.empty())
+            throw Trouble(name + ": a message without a description: no line begins with v=");
+        takeLine(rest);
+    }
+    return {std::move(name), std::string(rest), skipped};
 }
 
 } // namespace
 
-std::vector<ym::String> linesOf(const ym::String& text)
-{
-    ym::MemoryIO stream(text.chars(), text.length());
-    ym::LineAdapter reader(&stream, ym::LineAdapter::LinebreakAny, ym::LineAdapter::LinebreakAny,
-                           ym::LineAdapter::LinebreakAny);
-    std::vector<ym::String> lines;
-    ym::String line;
-    while (reader.readLine(&line) > 0)
-        lines.push_back(line);
-    return lines;
-}
-
 Description readDescription(const std::string& path)
 {
     const bool isInput = path == "-";
-    const std::string name = isInput ? "standard input" : printable(path);
+    std::string name = isInput ? "<stdin>" : printable(path);
     const File file(isInput ? stdin : std::fopen(path.c_str(), "rb"));
     if (!file)
         fail(name);
-    ym::String text = readAll(file.get(), name);
-    return {name, text, linesOf(text)};
+    std::string text = readAll(file.get(), name);
+    return withoutMessage(std::move(name), std::move(text));
 }
 
-Refusal refusal(const Description& description)
+Lines linesOf(std::string_view text)
 {
-    const auto at = [&](std::size_t i) { return description.name + ":" + std::to_string(i + 1) + ": "; };
-    ym::SDP::SDPDesc desc("\r\n");
-    for (std::size_t i = 0; i < description.lines.size(); ++i) {
-        if (desc.parseLine(description.lines[i]) != 0)
-            return Refusal{at(i) + blame(description.lines[i])};
+    Lines lines;
+    while (!text.empty())
+        lines.emplace_back(takeLine(text));
+    while (!lines.empty() && lines.back().empty())
+        lines.pop_back();
+    return lines;
+}
+
+Levels levelsOf(std::string_view text)
+{
+    Levels levels(1);
+    for (std::string& line : linesOf(text)) {
+        if (isType(line, 'm'))
+            levels.emplace_back();
+        levels.back().push_back(std::move(line));
     }
-    for (std::size_t i = 0; i < description.lines.size(); ++i) {
-        if (description.lines[i].chars()[0] == 'o')
-            return Refusal{at(i) + quoted(description.lines[i]) + " does not have six words"};
+    return levels;
+}
+
+Lines joined(const Levels& levels)
+{
+    Lines lines;
+    for (const Lines& level : levels)
+        lines.insert(lines.end(), level.begin(), level.end());
+    return lines;
+}
+
+bool isType(std::string_view line, char type)
+{
+    return line.size() >= 2 && line[0] == type && line[1] == '=';
+}
+
+std::string_view valueOf(const Lines& level, char type)
+{
+    const auto found = std::find_if(level.begin(), level.end(), [=](const auto& line) { return isType(line, type); });
+    return found == level.end() ? std::string_view() : std::string_view(*found).substr(2);
+}
+
+std::optional<Attribute> attributeOf(std::string_view line)
+{
+    if (!isType(line, 'a'))
+        return std::nullopt;
+    line.remove_prefix(2);
+    const std::size_t colon = std::min(line.find(':'), line.size());
+    return Attribute{line.substr(0, colon), line.substr(std::min(colon + 1, line.size()))};
+}
+
+std::string refusal(const Description& description)
+{
+    for (const ym::sdpcheck::Finding& finding : ym::sdpcheck::report(description.text)) {
+        if (finding.kind->outcome == ym::sdpcheck::Outcome::refused)
+            return description.name + ":" + std::to_string(finding.line + description.skipped) + ": "
+                + quote(finding.text) + ": " + finding.kind->reason;
     }
-    return Refusal{description.name + ": refused"};
+    return description.name + ": refused";
+}
+
+void requireLines(const Description& description)
+{
+    if (ym::SDP::SDPDesc("\r\n").parse(stringOf(description.text)) != 0)
+        throw Trouble(refusal(description));
 }
 
 } // namespace ymsdp

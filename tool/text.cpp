@@ -1,5 +1,8 @@
 #include "text.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace ymsdp {
 
 namespace {
@@ -57,6 +60,13 @@ std::string_view view(const ym::String& text)
     return {text.chars(), text.length()};
 }
 
+ym::String stringOf(std::string_view text)
+{
+    ym::String result;
+    result.assign(text);
+    return result;
+}
+
 std::string printable(std::string_view text)
 {
     std::string out;
@@ -69,6 +79,34 @@ std::string printable(std::string_view text)
         text.remove_prefix(length == 0 ? 1 : length);
     }
     return out;
+}
+
+std::string quote(std::string_view line)
+{
+    constexpr std::size_t longest = 100;
+    std::size_t n = std::min(longest, line.size());
+    while (n > 0 && n < line.size() && isContinuation(static_cast<unsigned char>(line[n])))
+        --n;
+    return '"' + printable(line.substr(0, n)) + (n < line.size() ? "..." : "") + '"';
+}
+
+std::vector<std::string_view> words(std::string_view text)
+{
+    std::vector<std::string_view> result;
+    for (std::size_t begin = 0; (begin = text.find_first_not_of(" \t", begin)) != none;) {
+        const std::size_t end = std::min(text.find_first_of(" \t", begin), text.size());
+        result.push_back(text.substr(begin, end - begin));
+        begin = end;
+    }
+    return result;
+}
+
+bool beginsWith(std::string_view text, std::string_view beginning)
+{
+    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    return text.size() >= beginning.size()
+        && std::equal(beginning.begin(), beginning.end(), text.begin(),
+                      [&](char a, char b) { return lower(a) == lower(b); });
 }
 
 } // namespace ymsdp
