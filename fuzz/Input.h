@@ -34,7 +34,7 @@ public:
     {
         const std::uint8_t* const begin = at_;
         at_ = std::find(at_, end_, value);
-        const std::string result{begin, at_};
+        std::string result{begin, at_};
         at_ += isEmpty() ? 0 : 1;
         return result;
     }

@@ -19,7 +19,7 @@ struct Element {
 struct Judge {
     const std::vector<Element>& pattern;
     const std::string& subject;
-    std::vector<std::size_t> at = std::vector<std::size_t>(pattern.size() + 1); // where each element began
+    std::vector<std::size_t> at = std::vector<std::size_t>(pattern.size() + 1);          // where each element began
     std::vector<bool> failed = std::vector<bool>(pattern.size() * (subject.size() + 1)); // by element and position
 
     bool matches(std::size_t element, std::size_t position)
