@@ -33,11 +33,11 @@ has_static_constructor() {
     nm "$1" | grep -E '_GLOBAL__sub_I|_static_initialization_and_destruction'
 }
 
-# What a library calls for beyond memory, texts and the one warning. C++ and the compiler have names of their own, and
-# std::list calls abort if lists are joined whose allocators differ.
+# What a library calls for beyond memory, texts and the one warning. C++ and the compiler have names of their own,
+# std::list calls abort if lists are joined whose allocators differ, and clang calls bcmp and ceil for others.
 foreign() {
     nm -D --undefined-only "$1" | sed -E 's/^.* //; s/@.*//' |
-        grep -vE '^(abort|mem[a-z]+|strlen|stderr|fprintf|fputs|fputc|fwrite|ym_warning_print|_.*)$|^$' ||
+        grep -vE '^(abort|bcmp|ceilf?|mem[a-z]+|strlen|stderr|fprintf|fputs|fputc|fwrite|ym_warning_print|_.*)$|^$' ||
         nm -DC --undefined-only "$1" | grep -E 'stream|filebuf|filesystem|thread|locale'
 }
 
