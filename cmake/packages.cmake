@@ -10,6 +10,7 @@ set(CPACK_PACKAGE_NAME ym-sdp)
 set(CPACK_PACKAGE_CONTACT "ym_sdp maintainers <maintainers@users.noreply.c-seed-29a2fbac.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/compress.cmake)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
