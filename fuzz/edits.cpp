@@ -1,5 +1,6 @@
 // A text, up to the first byte 255, and behind it a series of operations, first on its lines, then on its objects.
 #include <climits>
+#include <memory>
 #include <sstream>
 
 #include <sdp/SDPDesc.h>
@@ -29,6 +30,11 @@ String text(Input& input)
 
 // Line view
 
+// The numbers of operations that are asked for by name, and how many there are.
+constexpr std::size_t generation = 23;
+constexpr std::size_t beginning = 25; // lines without which nothing is generated
+constexpr std::size_t nOperations = 26;
+
 struct Call {
     std::size_t operation;
     int section;
@@ -44,7 +50,7 @@ Call nextCall(Input& input)
         return input.below(32) == 1 ? INT_MIN : static_cast<int>(std::min<long long>(input.number(), INT_MAX));
     };
     const char types[] = {'a', 'a', 'a', 'm', 'm', 'c', 'b', 't', 'v', 'o', 's', 'i', 'k', 'r', 'x', '=', '\0', '\xe1'};
-    const std::size_t operation = input.below(26);
+    const std::size_t operation = input.below(nOperations);
     return {operation, number(), number(), input.oneOf(types), text(input), text(input)};
 }
 
@@ -99,7 +105,7 @@ template <class List> int carryOut(List& list, const Call& call, String& a, Stri
         return list.hasMediaAttr(section, name, type);
     case 22:
         return list.setMedia(list.nMedia(), 'm', value);
-    case 23:
+    case generation:
         return list.generate(&a);
     case 24:
         return n == 0 && section == 0 ? list.clear(), 0 : 0;
@@ -132,8 +138,8 @@ void linesAreEdited(const String& parsed, Input& input)
     };
     for (int i = 0; i < 200 && !input.isEmpty(); ++i)
         both(nextCall(input));
-    both({25, 0, 0, 'v', "", ""}); // makes it a list that can be generated
-    both({23, 0, 0, 'v', "", ""});
+    both({beginning, 0, 0, 'v', "", ""});
+    both({generation, 0, 0, 'v', "", ""});
 }
 
 // Object view

@@ -129,7 +129,8 @@ void objectsComeBack(SDPDescEx& objects, bool isCut)
     expectEqual(told, describe(again), "a copy");
     expectEqual(text, generated(again), "the text of a copy");
     objects.clear();
-    expectEqual(describe(*std::make_unique<SDPDescEx>()), describe(objects), "clear");
+    SDPDescEx fresh;
+    expectEqual(describe(fresh), describe(objects), "clear");
     expectEqual(told, describe(again), "a copy of what is cleared");
     again.parse(again.sessionName());
 }
